@@ -1,0 +1,107 @@
+#include "embedded/step/NestingCheck.h"
+
+#include <Interface_EntityIterator.hxx>
+#include <Interface_InterfaceModel.hxx>
+#include <StepBasic_ProductDefinition.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <StepRepr_Representation.hxx>
+#include <StepRepr_RepresentationItem.hxx>
+#include <StepRepr_RepresentationMap.hxx>
+#include <TCollection_HAsciiString.hxx>
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace orvane {
+
+namespace {
+
+// Real files stay below 50; the kernel takes some hundred bytes of stack a level.
+constexpr std::uint32_t kDeepest = 1000;
+
+// Entities are told by their number in the model, from 1.
+using Entity = Standard_Integer;
+
+bool isGeometry(const Handle(Standard_Transient) & entity) {
+    return entity->IsKind(STANDARD_TYPE(StepRepr_RepresentationItem)) ||
+           entity->IsKind(STANDARD_TYPE(StepRepr_Representation)) ||
+           entity->IsKind(STANDARD_TYPE(StepRepr_RepresentationMap));
+}
+
+// For each entity those that the reader descends into from it.
+std::vector<std::vector<Entity>> descents(const Interface_Graph& graph) {
+    const Handle(Interface_InterfaceModel)& model = graph.Model();
+    std::vector<std::vector<Entity>> children(static_cast<std::size_t>(model->NbEntities()) + 1);
+    for (Entity number = 1; number <= model->NbEntities(); ++number) {
+        const Handle(Standard_Transient) entity = model->Value(number);
+        if (const auto usage = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(entity);
+            !usage.IsNull()) {
+            const Entity parent = model->Number(usage->RelatingProductDefinition());
+            const Entity child = model->Number(usage->RelatedProductDefinition());
+            if (parent > 0 && child > 0) {
+                children[static_cast<std::size_t>(parent)].push_back(child);
+            }
+        } else if (isGeometry(entity)) {
+            for (Interface_EntityIterator it = graph.Shareds(entity); it.More(); it.Next()) {
+                if (isGeometry(it.Value())) {
+                    children[static_cast<std::size_t>(number)].push_back(model->Number(it.Value()));
+                }
+            }
+        }
+    }
+    return children;
+}
+
+} // namespace
+
+std::string findEndlessNesting(const Interface_Graph& graph) {
+    enum class State : std::uint8_t { unseen, open, done };
+    struct Step {
+        std::size_t entity;
+        std::size_t nextChild;
+    };
+    const std::vector<std::vector<Entity>> children = descents(graph);
+    std::vector<State> states(children.size(), State::unseen);
+    std::vector<std::uint32_t> heights(children.size(), 0); // levels below an entity that is done
+    std::vector<Step> path;
+    const auto label = [&](std::size_t entity) {
+        const Handle(Standard_Transient) value = graph.Model()->Value(static_cast<Entity>(entity));
+        return std::string(graph.Model()->StringLabel(value)->ToCString());
+    };
+    for (std::size_t root = 1; root < children.size(); ++root) {
+        if (states[root] != State::unseen) {
+            continue;
+        }
+        path.push_back({root, 0});
+        states[root] = State::open;
+        while (!path.empty()) {
+            Step& step = path.back();
+            const std::size_t entity = step.entity;
+            if (step.nextChild == children[entity].size()) {
+                states[entity] = State::done;
+                path.pop_back();
+                if (!path.empty()) {
+                    heights[path.back().entity] = std::max(heights[path.back().entity], heights[entity] + 1);
+                }
+                continue;
+            }
+            const auto child = static_cast<std::size_t>(children[entity][step.nextChild++]);
+            if (states[child] == State::open) {
+                return label(child) + " holds itself";
+            }
+            if (states[child] == State::unseen) {
+                states[child] = State::open;
+                path.push_back({child, 0});
+            } else {
+                heights[entity] = std::max(heights[entity], heights[child] + 1);
+            }
+            if (path.size() + heights[child] > kDeepest) {
+                return label(child) + " is nested deeper than " + std::to_string(kDeepest) + " levels";
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace orvane

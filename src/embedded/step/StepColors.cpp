@@ -1,0 +1,155 @@
+#include "embedded/step/StepColors.h"
+
+#include <Quantity_ColorRGBA.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopTools_ShapeMapHasher.hxx>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvane {
+
+namespace {
+
+struct Look {
+    std::uint32_t color = 0;
+    double transparency = 0;
+};
+
+std::uint32_t toByte(double fraction) {
+    return static_cast<std::uint32_t>(std::lround(std::clamp(fraction, 0., 1.) * 255));
+}
+
+// The kernel keeps linear light; the file's numbers are what comes back as sRGB.
+std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
+    Quantity_ColorRGBA color;
+    if (!step.colors->GetColor(label, XCAFDoc_ColorSurf, color) &&
+        !step.colors->GetColor(label, XCAFDoc_ColorGen, color)) {
+        return std::nullopt;
+    }
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    color.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
+    return Look{toByte(red) | toByte(green) << 8 | toByte(blue) << 16,
+                1 - static_cast<double>(color.Alpha())};
+}
+
+// One appearance for all entities of a kind that look alike, in the order in which the looks are first met.
+void apply(const Look& look, const EntityRecord& entity, ModelDocument& document) {
+    for (AppearanceRecord& appearance : document.appearances) {
+        if (appearance.primaryColor == look.color && appearance.transparency == look.transparency &&
+            appearance.appliedTo.front().kind == entity.kind) {
+            appearance.appliedTo.push_back(entity);
+            return;
+        }
+    }
+    AppearanceRecord& appearance = document.appearances.emplace_back();
+    appearance.primaryColor = look.color;
+    appearance.transparency = look.transparency;
+    appearance.hasAppliedTo = true;
+    appearance.appliedTo.push_back(entity);
+}
+
+EntityRecord entityOf(std::size_t body) {
+    EntityRecord entity;
+    entity.kind = EntityKind::body;
+    entity.body = static_cast<std::int32_t>(body);
+    return entity;
+}
+
+EntityRecord entityOf(std::size_t body, std::size_t face) {
+    EntityRecord entity = entityOf(body);
+    entity.kind = EntityKind::face;
+    entity.face = static_cast<std::int32_t>(face);
+    return entity;
+}
+
+/// Finds the entities that a piece of a part's shape became.
+class EntityFinder {
+public:
+    explicit EntityFinder(const PartMesh& mesh) {
+        for (std::size_t body = 0; body < mesh.sources.size(); ++body) {
+            const PartMesh::Source& source = mesh.sources[body];
+            if (source.shape.ShapeType() == TopAbs_SOLID || source.shape.ShapeType() == TopAbs_SHELL) {
+                bodies_.Bind(source.shape, body);
+            }
+            for (std::size_t face = 0; face < source.faces.size(); ++face) {
+                if (!faces_.IsBound(source.faces[face])) {
+                    faces_.Bind(source.faces[face], {});
+                }
+                faces_.ChangeFind(source.faces[face]).push_back(entityOf(body, face));
+            }
+        }
+    }
+
+    std::vector<EntityRecord> find(const TopoDS_Shape& piece) const {
+        if (const std::size_t* body = bodies_.Seek(piece)) {
+            return {entityOf(*body)};
+        }
+        std::vector<EntityRecord> found;
+        for (TopExp_Explorer it(piece, TopAbs_SOLID); it.More(); it.Next()) {
+            if (const std::size_t* body = bodies_.Seek(it.Current())) {
+                found.push_back(entityOf(*body));
+            }
+        }
+        for (TopExp_Explorer it(piece, TopAbs_FACE, TopAbs_SOLID); it.More(); it.Next()) {
+            if (const std::vector<EntityRecord>* faces = faces_.Seek(it.Current())) {
+                found.insert(found.end(), faces->begin(), faces->end());
+            }
+        }
+        return found;
+    }
+
+private:
+    NCollection_DataMap<TopoDS_Shape, std::size_t, TopTools_ShapeMapHasher> bodies_;
+    NCollection_DataMap<TopoDS_Shape, std::vector<EntityRecord>, TopTools_ShapeMapHasher> faces_;
+};
+
+} // namespace
+
+void addPartLook(const StepDocument& step, const TDF_Label& product, const PartMesh& mesh,
+                 ModelDocument& part) {
+    if (const std::optional<Look> look = lookOf(step, product)) {
+        apply(*look, EntityRecord(), part);
+    }
+    if (!step.colors->IsVisible(product)) {
+        for (BodyRecord& body : part.bodies) {
+            body.visible = false;
+        }
+    }
+    TDF_LabelSequence pieces;
+    XCAFDoc_ShapeTool::GetSubShapes(product, pieces);
+    if (pieces.IsEmpty()) {
+        return;
+    }
+    const EntityFinder finder(mesh);
+    for (const TDF_Label& piece : pieces) {
+        const std::optional<Look> look = lookOf(step, piece);
+        const bool visible = step.colors->IsVisible(piece);
+        if (!look && visible) {
+            continue;
+        }
+        for (const EntityRecord& entity : finder.find(XCAFDoc_ShapeTool::GetShape(piece))) {
+            if (look) {
+                apply(*look, entity, part);
+            }
+            if (!visible && entity.kind == EntityKind::body) {
+                part.bodies[static_cast<std::size_t>(entity.body)].visible = false;
+            }
+        }
+    }
+}
+
+void addInstanceLook(const StepDocument& step, const TDF_Label& instance, ComponentRecord& component,
+                     ModelDocument& assembly) {
+    component.hidden = !step.colors->IsVisible(instance);
+    if (const std::optional<Look> look = lookOf(step, instance)) {
+        EntityRecord entity;
+        entity.kind = EntityKind::component;
+        entity.component = component.name;
+        apply(*look, entity, assembly);
+    }
+}
+
+} // namespace orvane

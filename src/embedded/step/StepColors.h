@@ -1,0 +1,21 @@
+#pragma once
+
+#include "embedded/ModelRecords.h"
+#include "embedded/step/ShapeMesher.h"
+#include "embedded/step/StepDocument.h"
+
+#include <string>
+
+/// Colours and visibility of a STEP file as appearances and flags.
+namespace orvane {
+
+/// Gives a part's document what the file says of its product, solids and faces.
+void addPartLook(const StepDocument& step, const TDF_Label& product, const PartMesh& mesh,
+                 ModelDocument& part);
+
+/// Gives an assembly's document what the file says of one instance, a component of that document by its full
+/// name.
+void addInstanceLook(const StepDocument& step, const TDF_Label& instance, ComponentRecord& component,
+                     ModelDocument& assembly);
+
+} // namespace orvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <NCollection_DataMap.hxx>
+#include <STEPControl_Reader.hxx>
+#include <TDF_Label.hxx>
+#include <TDF_LabelMapHasher.hxx>
+#include <TDF_LabelSequence.hxx>
+#include <TDocStd_Document.hxx>
+#include <TopTools_ShapeMapHasher.hxx>
+#include <TopoDS_Shape.hxx>
+#include <XCAFDoc_ColorTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace orvane {
+
+template <class Value>
+using LabelMap = NCollection_DataMap<TDF_Label, Value, TDF_LabelMapHasher>;
+
+/// One STEP file as the kernel reads it: labels for products and instances, with what the file says of them.
+/// Lengths are millimetres.
+struct StepDocument {
+    std::filesystem::path file; ///< absolute
+    Handle(TDocStd_Document) document;
+    Handle(XCAFDoc_ShapeTool) shapes;
+    Handle(XCAFDoc_ColorTool) colors;
+    TDF_LabelSequence roots;                ///< products that no other product of the file uses
+    LabelMap<std::u16string> productNames;  ///< absent: nameless
+    LabelMap<std::u16string> instanceNames; ///< absent: not named itself
+    LabelMap<std::filesystem::path>
+        externalFiles; ///< STEP files that hold the shape of a product without its own
+    NCollection_DataMap<TopoDS_Shape, std::u16string, TopTools_ShapeMapHasher>
+        shapeNames; ///< shapes without location
+};
+
+/// Reads one STEP file, and not yet those that it refers to. Needs a `KernelSession`.
+/// What the file loses on the way becomes `warnings`. Throws `ModelError` for a file that is none or holds no
+/// shape.
+StepDocument loadStepDocument(const std::filesystem::path& file, std::vector<std::string>& warnings);
+
+} // namespace orvane
