@@ -1,0 +1,12 @@
+include(CMakePackageConfigHelpers)
+
+# The core library, with which another host can be connected: find_package(Orvane), then link Orvane::core.
+install(TARGETS orvane_core EXPORT OrvaneTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+set_target_properties(orvane_core PROPERTIES EXPORT_NAME core)
+foreach(room platform host document geometry export)
+    install(DIRECTORY src/${room} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvane FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(EXPORT OrvaneTargets NAMESPACE Orvane:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane
+    FILE OrvaneConfig.cmake)
+write_basic_package_version_file(OrvaneConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/OrvaneConfigVersion.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)

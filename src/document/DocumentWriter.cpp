@@ -1,0 +1,188 @@
+#include "document/DocumentWriter.h"
+
+#include "document/ExtensionWriters.h"
+#include "document/MaterialWriter.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace orvane {
+
+namespace {
+
+/// Writes records with `separator` between them and `end` behind the last one, and counts each as done.
+template <class Records, class Writer>
+void writeAll(TextStream& out, Progress& progress, const Records& records, std::string_view separator,
+              std::string_view end, Writer writeRecord) {
+    progressAddTotal(progress, static_cast<std::int32_t>(records.size()));
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        writeRecord(*records[i]);
+        out << (i + 1 < records.size() ? separator : end);
+        out.drainIfLarge();
+        progressAddDone(progress, 1);
+    }
+}
+
+/// A section of the usual form: its opening line, the records, and a closing bracket.
+template <class Records, class Writer>
+void writeSection(TextStream& out, Progress& progress, std::string_view opening, const Records& records,
+                  Writer writeRecord) {
+    out << opening;
+    writeAll(out, progress, records, ",\n", "\n", writeRecord);
+    out << "\t],\n";
+}
+
+void writeSceneExtensions(TextStream& out, const GltfScene& scene) {
+    out << ",\n"
+        << "\t\t\t\"extensions\": {";
+    if (!scene.displayStates.empty()) {
+        out << "\n\t\t\t\t\"TF_display_states\": { \n";
+        for (std::size_t i = 0; i < scene.displayStates.size(); ++i) {
+            out << (i > 0 ? ",\n" : "") << "\t\t\t\t\"" << scene.displayStates[i] << "\": { }";
+        }
+        out << "\n\t\t\t\t}" << (scene.customProperties.empty() ? "" : ",");
+    }
+    if (!scene.customProperties.empty()) {
+        out << "\n\t\t\t\t\"Tessaforge_custom_properties\": { \n";
+        writeCustomProperties(out, scene.customProperties);
+        out << "\t\t\t\t}";
+    }
+    out << "\n\t\t\t}\n";
+}
+
+void writeScene(TextStream& out, const GltfScene& scene) {
+    out << "\t\t{\n"
+        << "\t\t\t\"name\": \"" << scene.name << "\",\n"
+        << "\t\t\t\"nodes\": [\n\t\t\t\t";
+    for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+        out << (i > 0 ? ", " : "") << scene.nodes[i];
+    }
+    out << "]";
+    if (!scene.displayStates.empty() || !scene.customProperties.empty()) {
+        writeSceneExtensions(out, scene);
+    }
+    out << "\n\t\t}\n";
+}
+
+void writeScenes(TextStream& out, GltfDocument& document) {
+    out << "\t\"scenes\": [\n";
+    progressAddTotal(document.progress, static_cast<std::int32_t>(document.scenes.size()));
+    for (std::size_t i = 0; i < document.scenes.size(); ++i) {
+        out << (i > 0 ? "\t\t,\n" : "");
+        writeScene(out, document.scenes[i]);
+        out.drainIfLarge();
+        progressAddDone(document.progress, 1);
+    }
+    out << "\t],\n";
+}
+
+void writeNodes(TextStream& out, GltfDocument& document) {
+    out << "\t\"nodes\": [\n";
+    writeAll(out, document.progress, document.nodes, ",\n", "",
+             [&](const GltfNode& node) { writeNode(out, document, node); });
+    out << "\t],\n";
+}
+
+void writeCameras(TextStream& out, GltfDocument& document) {
+    if (document.cameras.empty()) {
+        return;
+    }
+    std::vector<const GltfCamera*> cameras;
+    for (const auto& camera : document.cameras) {
+        if (camera->index >= 0) {
+            cameras.push_back(camera.get());
+        }
+    }
+    out << "\t\"cameras\": [\n";
+    writeAll(out, document.progress, cameras, ",\n", "", [&](const GltfCamera& camera) { writeCamera(out, camera); });
+    out << "\t],\n";
+}
+
+/// The comma behind the lights depends on the general tables alone: with lights and a design table only, the format has
+/// none.
+void writeExtensions(TextStream& out, GltfDocument& document) {
+    if (document.lights.empty() && document.generalTables.empty() && !document.designTable) {
+        return;
+    }
+    out << "\t\"extensions\": {\n";
+    if (!document.lights.empty()) {
+        out << "\t\t\"KHR_lights_punctual\" : {\n"
+            << "\t\t\t\"lights\": [\n";
+        writeAll(out, document.progress, document.lights, ",\n", "",
+                 [&](const GltfLight& light) { writeLight(out, light); });
+        out << "\n\t\t\t]\n" << (document.generalTables.empty() ? "\t\t}\n" : "\t\t},\n");
+    }
+    if (!document.generalTables.empty()) {
+        out << "\t\t\"Tessaforge_general_tables\" : {\n";
+        writeGeneralTables(out, document.generalTables);
+        out << (document.designTable ? "\t\t},\n" : "\t\t}\n");
+    }
+    if (document.designTable) {
+        out << "\t\t\"Tessaforge_design_table\" : {\n";
+        writeDesignTable(out, *document.designTable);
+        out << "\t\t}\n";
+    }
+    out << "\t},\n";
+}
+
+void writeAnimations(TextStream& out, GltfDocument& document) {
+    std::vector<const GltfAnimation*> animations;
+    for (const GltfScene& scene : document.scenes) {
+        for (const std::int32_t animation : scene.animations) {
+            animations.push_back(document.animations[static_cast<std::size_t>(animation)].get());
+        }
+    }
+    if (animations.empty()) {
+        return;
+    }
+    out << "\t\t\t\"animations\": [\n\t\t\t\t";
+    writeAll(out, document.progress, animations, ",\n", "\n",
+             [&](const GltfAnimation& animation) { writeAnimation(out, animation); });
+    out << "],\n";
+}
+
+} // namespace
+
+void writeDocumentHead(TextStream& out, std::int32_t activeScene) {
+    out << "{\n"
+        << "\t\"asset\": {\n"
+        << "\t\t\"generator\": \"TESSAFORGEGLTF\",\n"
+        << "\t\t\"version\" : \"2.0\"\n"
+        << "\t},\n"
+        << "\"extensionsUsed\": [ \"KHR_lights_punctual\", \"Tessaforge_custom_properties\" ],\n"
+        << "\t\"scene\" : " << activeScene << ",\n";
+}
+
+void writeDocument(TextStream& out, GltfDocument& document, const PictureCopier& copyPicture) {
+    Progress& progress = document.progress;
+    writeScenes(out, document);
+    writeNodes(out, document);
+    writeCameras(out, document);
+    writeExtensions(out, document);
+    writeAnimations(out, document);
+    writeSection(out, progress, "\t\"meshes\" : [\n", document.meshes,
+                 [&](const GltfMesh& mesh) { writeMesh(out, mesh); });
+    writeSection(out, progress, "\t\"accessors\" : [\n", document.accessors,
+                 [&](const GltfAccessor& accessor) { writeAccessor(out, accessor); });
+    writeSection(out, progress, "\t\"materials\": [\n", document.materials,
+                 [&](const GltfMaterial& material) { writeMaterial(out, material); });
+    if (!document.textures.empty()) {
+        writeSection(out, progress, "\t\"textures\": [\n", document.textures,
+                     [&](const GltfTexture& texture) { writeTexture(out, document, texture, copyPicture); });
+    }
+    if (!document.images.empty()) {
+        writeSection(out, progress, "\t\"images\": [\n", document.images,
+                     [&](const GltfImage& image) { writeImage(out, image); });
+    }
+    if (!document.samplers.empty()) {
+        writeSection(out, progress, "\t\"samplers\": [\n", document.samplers,
+                     [&](const GltfSampler& sampler) { writeSampler(out, sampler); });
+    }
+    writeSection(out, progress, "\t\"bufferViews\" : [\n", document.bufferViews,
+                 [&](const GltfBufferView& view) { writeBufferView(out, view); });
+    out << "\t\"buffers\" : [\n";
+    writeAll(out, progress, document.buffers, ",\n", "\n", [&](const GltfBuffer& buffer) { writeBuffer(out, buffer); });
+    out << "\t]\n";
+}
+
+} // namespace orvane

@@ -1,0 +1,184 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The records of a glTF scene, as plain values. An index is the position of a record in its list, and -1 means none.
+/// Texts are narrow, already in the form in which they are written.
+namespace orvane {
+
+/// 0 to 8 the 3x3 rotation row by row, 9 to 11 the translation in metres, 12 the uniform scale, 13 to 15 the rest.
+using NodeMatrix = std::array<double, 16>;
+
+struct GltfComment {
+    std::string name;
+    std::string text;
+};
+
+/// A table of texts: one header a column, one list of cells a row.
+struct ExportedTable {
+    std::string title;
+    std::vector<std::string> headers;
+    std::vector<std::vector<std::string>> rows;
+};
+
+struct CustomProperty {
+    std::string name;
+    std::string value;
+    std::int32_t type = 0; ///< 3 number, 5 double, 11 yes or no, 30 text, 64 date
+};
+
+/// How a component looks in one display state.
+struct DisplayStateInfo {
+    std::int32_t hidden = 0;      ///< 1 when hidden
+    std::int32_t transparent = 0; ///< 0 when transparent
+    std::int32_t displayMode = 0;
+    std::int32_t appearance = -1; ///< index into the materials
+};
+
+struct GltfScene {
+    std::string name;
+    std::vector<std::string> displayStates;         ///< all those of the scene's configuration
+    std::vector<std::u16string> displayStateNames;  ///< the same, as the host wants them back
+    std::vector<std::int32_t> nodes;                ///< root nodes
+    std::vector<std::int32_t> animations;
+    std::vector<CustomProperty> customProperties;
+};
+
+struct GltfNode {
+    std::int32_t id = -1;            ///< own position in the nodes
+    const void* component = nullptr; ///< identity of the host's component that the node stands for, or null
+    NodeMatrix matrix{};
+    std::string fullName; ///< with the names of the parents and `/` between them
+    std::string name;     ///< what stands behind the last `/`
+    std::int32_t parent = -1;
+    std::vector<std::int32_t> children;
+    std::int32_t mesh = -1;
+    std::int32_t camera = -1;
+    std::int32_t light = -1;
+    std::vector<GltfComment> comments;
+    bool visible = true;
+};
+
+struct GltfMaterial {
+    std::int32_t index = -1;  ///< position in the written materials; -1 until a primitive uses the record
+    std::int32_t serial = -1; ///< position in the order of making
+    std::string mname;
+    std::string tf_shader;
+    std::int32_t shaderClass = 0;            ///< the class of `tf_shader`; 0 for a shader that is not known
+    std::uint32_t primaryColor = 0x7F7F7F7F; ///< red in the low byte, then green, then blue
+    double a_emission = 0;
+    double a_reflectivity = 0;
+    double a_specularSpread = 0;
+    double a_transparency = 0; ///< 0 opaque, 1 fully transparent
+    bool blurry = false;
+    std::int32_t baseColorTexture = -1;
+    std::int32_t normalTexture = -1;
+};
+
+struct GltfPrimitive {
+    std::int32_t indices = -1;
+    std::int32_t position = -1;
+    std::int32_t normal = -1;
+    std::int32_t texcoord = -1;
+    std::int32_t material = -1;
+};
+
+struct GltfMesh {
+    std::int32_t index = -1;
+    std::int32_t buffer = -1;
+    std::vector<GltfPrimitive> primitives;
+};
+
+enum class ComponentType : std::int32_t { unsignedShort = 5123, singleFloat = 5126 };
+
+enum class AccessorType { scalar, vec2, vec3, vec4 };
+
+/// Smallest x, y, z, then largest x, y, z.
+using AccessorBounds = std::array<float, 6>;
+
+struct GltfAccessor {
+    std::int64_t byteOffset = 0; ///< within the buffer view
+    std::int64_t count = 0;
+    std::int32_t bufferView = -1;
+    ComponentType componentType = ComponentType::singleFloat;
+    AccessorType type = AccessorType::scalar;
+    std::optional<AccessorBounds> bounds;
+};
+
+enum class BufferTarget : std::int32_t { none = 0, vertices = 34962, indices = 34963 };
+
+struct GltfBufferView {
+    std::int32_t buffer = -1;
+    std::int64_t byteOffset = 0;
+    std::int64_t byteLength = 0;
+    std::int64_t byteStride = 0; ///< 0: none is written
+    BufferTarget target = BufferTarget::none;
+};
+
+struct GltfBuffer {
+    std::int32_t index = -1;
+    std::string uri; ///< file name in the destination folder; empty for the buffer inside a `.glb`
+    std::int64_t byteLength = 0;
+};
+
+struct GltfTexture {
+    std::int32_t index = -1;
+    std::int32_t sampler = -1;
+    std::int32_t source = -1; ///< index into the images
+    bool isNormalMap = false;
+};
+
+struct GltfImage {
+    std::int32_t index = -1;
+    std::string name;       ///< file name in the destination folder
+    std::string sourcePath; ///< full path of the picture that it comes from
+    std::string mimeType;   ///< of an embedded picture
+    std::int32_t bufferView = -1;
+};
+
+struct GltfSampler {
+    std::int32_t index = -1;
+    std::int32_t magFilter = 9729;
+    std::int32_t minFilter = 9729;
+    std::int32_t wrapS = 10497;
+    std::int32_t wrapT = 10497;
+};
+
+struct GltfCamera {
+    std::int32_t index = -1; ///< a camera with a negative one is not written
+    std::int32_t isPerspective = 0;
+    double yfov = 0; ///< radians
+    double aspectRatio = 0;
+};
+
+struct GltfLight {
+    std::int32_t index = -1;
+    std::int32_t type = 0; ///< 2 spot, 3 point, 4 directional
+    std::array<double, 3> color{};
+    double intensity = 0;
+};
+
+enum class ChannelPath { translation, rotation, scale };
+enum class Interpolation { linear, step, catmullRomSpline, cubicSpline };
+
+/// A glTF animation channel and its sampler in one.
+struct GltfAnimationChannel {
+    std::int32_t node = -1;
+    ChannelPath path = ChannelPath::translation;
+    Interpolation interpolation = Interpolation::linear;
+    std::int32_t input = -1;  ///< accessor of the times
+    std::int32_t output = -1; ///< accessor of the values
+};
+
+struct GltfAnimation {
+    std::int32_t index = -1;
+    std::string name;
+    std::vector<GltfAnimationChannel> channels;
+};
+
+} // namespace orvane

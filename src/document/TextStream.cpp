@@ -1,0 +1,50 @@
+#include "document/TextStream.h"
+
+#include <charconv>
+
+namespace orvane {
+
+namespace {
+
+template <class Value, class... Format>
+void appendNumber(std::string& text, Value value, Format... format) {
+    char digits[64];
+    const auto result = std::to_chars(digits, digits + sizeof digits, value, format...);
+    text.append(digits, result.ptr);
+}
+
+} // namespace
+
+TextStream& TextStream::operator<<(std::string_view text) {
+    text_ += text;
+    return *this;
+}
+
+TextStream& TextStream::operator<<(std::int32_t value) {
+    appendNumber(text_, value);
+    return *this;
+}
+
+TextStream& TextStream::operator<<(std::int64_t value) {
+    appendNumber(text_, value);
+    return *this;
+}
+
+TextStream& TextStream::operator<<(double value) {
+    appendNumber(text_, value, std::chars_format::general, 6);
+    return *this;
+}
+
+TextStream& TextStream::appendScientific(double value) {
+    appendNumber(text_, value, std::chars_format::scientific, 8);
+    return *this;
+}
+
+void TextStream::drainAll() {
+    if (drain_) {
+        drain_(text_);
+        text_.clear();
+    }
+}
+
+} // namespace orvane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "document/BufferFolder.h"
+#include "document/ExportReport.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+namespace orvane {
+
+/// A range of bytes in a file.
+struct FileRange {
+    std::int64_t offset = 0;
+    std::int64_t length = 0;
+};
+
+/// A folder that exists only as names and ranges of one growing nameless file: what the buffers of a `.glb` go through.
+/// A later file of the same name stands in the place of the earlier one.
+class WorkingBufferFolder : public BufferFolder {
+public:
+    /// The working file lies in the file system of `folder`; `report` gets the first fault and outlives the object.
+    WorkingBufferFolder(const std::string& folder, ExportReport& report);
+
+    bool contains(const std::string& name) const override { return ranges_.contains(name); }
+    void write(const std::string& name, std::span<const Bytes> pieces) override;
+    bool showsNames() const override { return false; }
+
+    /// Where the bytes of the file of that name stand; nothing when there is none.
+    std::optional<FileRange> find(const std::string& name) const;
+    /// Appends a file of the disk, without a name; nothing when it cannot be read.
+    std::optional<FileRange> appendFile(const std::string& path);
+
+    const OutputFile& file() const { return file_; }
+
+private:
+    void reportFault();
+
+    std::string folder_;
+    ExportReport& report_;
+    OutputFile file_;
+    std::unordered_map<std::string, FileRange> ranges_;
+};
+
+} // namespace orvane

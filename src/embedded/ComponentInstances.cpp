@@ -1,0 +1,97 @@
+#include "embedded/ComponentInstances.h"
+
+#include "embedded/ComponentTree.h"
+
+namespace orvane {
+
+ComponentInstances::ComponentInstances(const ModelDocument& document) {
+    ComponentInstance& root = instances_.emplace_back();
+    root.id = document.root.id;
+    root.placement = &document.root.placement;
+    root.fullName = document.root.name;
+    addChildren(0, document.components);
+    instances_.front().end = static_cast<std::int32_t>(instances_.size());
+    base_.reserve(instances_.size());
+    for (const ComponentInstance& instance : instances_) {
+        base_.push_back({instance.suppressed, instance.hidden, instance.placement});
+    }
+}
+
+void ComponentInstances::addChildren(std::int32_t parent, const std::vector<ComponentRecord>& components) {
+    const std::u16string prefix =
+        parent == 0 ? std::u16string() : instances_[static_cast<std::size_t>(parent)].fullName + u"/";
+    instances_[static_cast<std::size_t>(parent)].childCount = static_cast<std::int32_t>(components.size());
+    std::int32_t previous = -1;
+    for (const ComponentRecord& record : components) {
+        const auto position = static_cast<std::int32_t>(instances_.size());
+        ComponentInstance& instance = instances_.emplace_back();
+        instance.record = &record;
+        instance.parent = parent;
+        instance.id = record.id.value_or(position); // depth first from 1 on, the root being 0
+        instance.state = record.state;
+        instance.suppressed = record.suppressed;
+        instance.hidden = record.hidden;
+        instance.placement = record.placement ? &*record.placement : nullptr;
+        instance.fullName = prefix + record.name;
+        positionsByName_.emplace(instance.fullName, position);
+        (previous < 0 ? instances_[static_cast<std::size_t>(parent)].firstChild
+                      : instances_[static_cast<std::size_t>(previous)].nextSibling) = position;
+        previous = position;
+        if (const std::vector<ComponentRecord>* children = childrenOf(record)) {
+            addChildren(position, *children);
+        }
+        instances_[static_cast<std::size_t>(position)].end = static_cast<std::int32_t>(instances_.size());
+        if (!record.components && record.document && record.document->kind == DocumentKind::assembly) {
+            const ConfigurationRecord& active = record.document->configurations[record.document->activeConfiguration];
+            applyBelow(position, active, active.displayStates.empty() ? nullptr : &active.displayStates.front());
+        }
+    }
+}
+
+void ComponentInstances::apply(const ConfigurationRecord& configuration, const DisplayStateRecord* displayState) {
+    for (std::size_t i = 0; i < instances_.size(); ++i) {
+        instances_[i].suppressed = base_[i].suppressed;
+        instances_[i].hidden = base_[i].hidden;
+        instances_[i].placement = base_[i].placement;
+    }
+    applyBelow(0, configuration, displayState);
+}
+
+/// Changes every instance below `top` that has this full name, told from `top`. Instances of one name may stand below
+/// other components of the same name too; those are not meant.
+template <class Change>
+void ComponentInstances::changeNamed(std::int32_t top, const std::u16string& name, Change change) {
+    const ComponentInstance& above = instances_[static_cast<std::size_t>(top)];
+    const auto end = static_cast<std::int32_t>(top == 0 || above.end == 0 ? instances_.size()
+                                                                          : static_cast<std::size_t>(above.end));
+    const auto [first, last] = positionsByName_.equal_range(top == 0 ? name : above.fullName + u"/" + name);
+    for (auto found = first; found != last; ++found) {
+        if (found->second > top && found->second < end) {
+            change(instances_[static_cast<std::size_t>(found->second)]);
+        }
+    }
+}
+
+void ComponentInstances::applyBelow(std::int32_t top, const ConfigurationRecord& configuration,
+                                    const DisplayStateRecord* displayState) {
+    const auto setHidden = [&](const std::vector<std::u16string>& names, bool hidden) {
+        for (const std::u16string& name : names) {
+            changeNamed(top, name, [&](ComponentInstance& instance) { instance.hidden = hidden; });
+        }
+    };
+    for (const std::u16string& name : configuration.suppressed) {
+        changeNamed(top, name, [](ComponentInstance& instance) { instance.suppressed = true; });
+    }
+    for (const NamedPlacement& placed : configuration.placements) {
+        changeNamed(top, placed.component,
+                    [&](ComponentInstance& instance) { instance.placement = &placed.placement; });
+    }
+    setHidden(configuration.hidden, true);
+    setHidden(configuration.shown, false);
+    if (displayState) {
+        setHidden(displayState->hidden, true);
+        setHidden(displayState->shown, false);
+    }
+}
+
+} // namespace orvane

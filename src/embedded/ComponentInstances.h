@@ -1,0 +1,59 @@
+#pragma once
+
+#include "embedded/ModelRecords.h"
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace orvane {
+
+/// One component of the opened assembly, its sub-assemblies instanced. Position 0 is the root component.
+struct ComponentInstance {
+    const ComponentRecord* record = nullptr; ///< null for the root
+    std::int32_t parent = -1;
+    std::int32_t firstChild = -1;
+    std::int32_t nextSibling = -1;
+    std::int32_t childCount = 0;
+    std::int32_t end = 0; ///< one behind the last instance below this one
+    std::int32_t id = 0;
+    std::int32_t state = 3; ///< resolve state; the exporter may change it
+    bool suppressed = false;
+    bool hidden = false;
+    const Placement* placement = nullptr; ///< relative to the parent; null where there is none
+    std::u16string fullName;
+};
+
+/// All components of an opened assembly, depth first, in the shape that one configuration and display state give them.
+class ComponentInstances {
+public:
+    /// Instances the whole tree of `document`, an assembly, which outlives the object. Every sub-assembly stands in its own
+    /// active configuration and that one's first display state.
+    explicit ComponentInstances(const ModelDocument& document);
+
+    /// Puts the tree into a configuration of the opened document and, unless null, a display state of it. What these say
+    /// of components overrides what sub-assemblies and the components themselves say. Resolve states stay.
+    void apply(const ConfigurationRecord& configuration, const DisplayStateRecord* displayState);
+
+    std::vector<ComponentInstance>& all() { return instances_; }
+    const std::vector<ComponentInstance>& all() const { return instances_; }
+
+private:
+    struct BaseState {
+        bool suppressed;
+        bool hidden;
+        const Placement* placement;
+    };
+
+    void addChildren(std::int32_t parent, const std::vector<ComponentRecord>& components);
+    void applyBelow(std::int32_t top, const ConfigurationRecord& configuration, const DisplayStateRecord* displayState);
+    template <class Change>
+    void changeNamed(std::int32_t top, const std::u16string& name, Change change);
+
+    std::vector<ComponentInstance> instances_;
+    std::vector<BaseState> base_; ///< before the opened document's own lists
+    std::unordered_multimap<std::u16string, std::int32_t> positionsByName_;
+};
+
+} // namespace orvane

@@ -1,0 +1,117 @@
+#include "embedded/EmbeddedSession.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvane {
+
+namespace {
+
+class EmbeddedFace final : public HostFace {
+public:
+    EmbeddedFace(SessionRef session, const FaceRecord& record) : session_(std::move(session)), record_(record) {}
+
+    void faceTriangleCount(std::int32_t& count) const override {
+        count = static_cast<std::int32_t>(record_.positions.size() / 9);
+    }
+    void faceTrianglePositions(bool, std::span<float> positions) const override { fill(record_.positions, positions); }
+    void faceTriangleNormals(std::span<float> normals) const override { fill(record_.normals, normals); }
+    void faceTriangleTexCoords(std::span<float> texCoords) const override {
+        if (record_.texCoords.empty()) {
+            std::ranges::fill(texCoords, 0.0f);
+        } else {
+            fill(record_.texCoords, texCoords);
+        }
+    }
+
+    std::int32_t readFaceMark() const override {
+        const auto mark = session_->faceMarks.find(&record_);
+        return mark == session_->faceMarks.end() ? record_.userValue : mark->second;
+    }
+    void writeFaceMark(std::int32_t mark) override { session_->faceMarks[&record_] = mark; }
+
+    const void* identity() const noexcept override { return &record_; }
+
+private:
+    static void fill(const std::vector<float>& source, std::span<float> target) {
+        std::copy_n(source.begin(), std::min(source.size(), target.size()), target.begin());
+    }
+
+    SessionRef session_;
+    const FaceRecord& record_;
+};
+
+class EmbeddedBody final : public HostBody {
+public:
+    EmbeddedBody(SessionRef session, const BodyRecord& record) : session_(std::move(session)), record_(record) {}
+
+    std::int32_t bodyFaceCount() const override { return static_cast<std::int32_t>(record_.faces.size()); }
+    std::vector<HostRef<HostFace>> bodyFaces(std::int32_t count) const override {
+        const std::size_t wanted = std::min(record_.faces.size(), static_cast<std::size_t>(std::max(count, 0)));
+        std::vector<HostRef<HostFace>> faces;
+        faces.reserve(wanted);
+        for (std::size_t i = 0; i < wanted; ++i) {
+            faces.push_back(makeHostObject<EmbeddedFace>(session_, record_.faces[i]));
+        }
+        return faces;
+    }
+    const void* identity() const noexcept override { return &record_; }
+
+private:
+    SessionRef session_;
+    const BodyRecord& record_;
+};
+
+class EmbeddedBodyEnumerator final : public HostBodyEnumerator {
+public:
+    EmbeddedBodyEnumerator(SessionRef session, std::vector<const BodyRecord*> bodies)
+        : session_(std::move(session)), bodies_(std::move(bodies)) {}
+
+    HostRef<HostBody> nextBody() override {
+        return next_ < bodies_.size() ? makeHostObject<EmbeddedBody>(session_, *bodies_[next_++]) : HostRef<HostBody>();
+    }
+    void reset() override { next_ = 0; }
+
+private:
+    SessionRef session_;
+    std::vector<const BodyRecord*> bodies_;
+    std::size_t next_ = 0;
+};
+
+/// Type codes of the host; every body that is no solid has one of its own.
+std::int32_t typeCode(BodyKind kind) {
+    switch (kind) {
+    case BodyKind::solid:
+        return kSolidBody;
+    case BodyKind::surface:
+        return 1;
+    case BodyKind::wire:
+        return 2;
+    }
+    return -1;
+}
+
+bool exists(const BodyRecord& body, const ConfigurationRecord& configuration) {
+    return !configuration.bodies || std::ranges::find(*configuration.bodies, body.name) != configuration.bodies->end();
+}
+
+} // namespace
+
+HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
+                                               std::int32_t bodyType, bool visibleOnly) {
+    if (document.kind != DocumentKind::part) {
+        return {};
+    }
+    const bool isOpened = &document == &session->opened();
+    const ConfigurationRecord& configuration =
+        document.configurations[isOpened ? session->activeConfiguration : document.activeConfiguration];
+    std::vector<const BodyRecord*> bodies;
+    for (const BodyRecord& body : document.bodies) {
+        if (typeCode(body.kind) == bodyType && (body.visible || !visibleOnly) && exists(body, configuration)) {
+            bodies.push_back(&body);
+        }
+    }
+    return makeHostObject<EmbeddedBodyEnumerator>(session, std::move(bodies));
+}
+
+} // namespace orvane

@@ -1,0 +1,59 @@
+#include "embedded/EmbeddedSession.h"
+
+#include <utility>
+
+namespace orvane {
+
+namespace {
+
+class EmbeddedConfiguration final : public HostConfiguration {
+public:
+    EmbeddedConfiguration(SessionRef session, const ModelDocument& document, std::size_t position)
+        : session_(std::move(session)), document_(document), position_(position) {}
+
+    std::u16string getConfigurationName() const override { return record().name; }
+
+    std::vector<std::u16string> getDisplayStateNames() const override {
+        std::vector<std::u16string> names;
+        for (const DisplayStateRecord& state : record().displayStates) {
+            names.push_back(state.name);
+        }
+        return names;
+    }
+
+    bool applyDisplayState(const std::u16string& name) override {
+        for (std::size_t i = 0; i < record().displayStates.size() && isShown(); ++i) {
+            if (record().displayStates[i].name == name) {
+                session_->applyDisplayState(i);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    HostRef<HostComponent> getRootComponent() const override {
+        const bool isOpened = &document_ == &session_->opened();
+        return isOpened && session_->components ? makeComponent(session_, 0) : HostRef<HostComponent>();
+    }
+
+    const void* identity() const noexcept override { return &record(); }
+
+private:
+    const ConfigurationRecord& record() const { return document_.configurations[position_]; }
+    bool isShown() const {
+        return &document_ == &session_->opened() && position_ == session_->activeConfiguration;
+    }
+
+    SessionRef session_;
+    const ModelDocument& document_;
+    std::size_t position_;
+};
+
+} // namespace
+
+HostRef<HostConfiguration> makeConfiguration(const SessionRef& session, const ModelDocument& document,
+                                             std::size_t position) {
+    return makeHostObject<EmbeddedConfiguration>(session, document, position);
+}
+
+} // namespace orvane

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "embedded/ModelRecords.h"
+
+namespace orvane {
+
+/// Transforms of row vectors, `p' = p * R * s + t`. Numbers 13 to 15 of a result are zero.
+
+/// The placement that applies `a` first and `b` after it.
+Placement multiplyPlacements(const Placement& a, const Placement& b);
+
+/// The placement that undoes `a`: its block transposed, its scale's reciprocal. A scale of 0 gives infinities.
+Placement invertPlacement(const Placement& a);
+
+} // namespace orvane

@@ -1,0 +1,213 @@
+#include "export/OrvaneExporter.h"
+
+#include "document/AsciiNames.h"
+#include "document/DiskBufferFolder.h"
+#include "document/WorkingBufferFolder.h"
+#include "export/ExportContext.h"
+#include "export/SceneFiles.h"
+#include "export/SceneLoop.h"
+#include "platform/Files.h"
+#include "platform/NarrowText.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+
+namespace orvane {
+
+namespace {
+
+constexpr std::int32_t kTrackingId = 777;
+constexpr const char* kLongestExtension = ".gltf";
+/// The name of a file whose document has a title that the system takes for no file name.
+constexpr const char* kNameWithoutTitle = "scene";
+
+/// A folder that goes again with the object, if it was made here and stayed empty.
+class FolderGuard {
+public:
+    FolderGuard(std::string path, ExportReport& report) : path_(std::move(path)) {
+        std::string error;
+        result_ = createFolder(path_, error);
+        if (result_ == FolderResult::failed) {
+            report.errors.push_back("the folder " + nativePath(path_) + " cannot be made: " + error);
+        }
+    }
+    FolderGuard(const FolderGuard&) = delete;
+    FolderGuard& operator=(const FolderGuard&) = delete;
+    ~FolderGuard() {
+        if (result_ == FolderResult::created) {
+            removeEmptyFolder(path_);
+        }
+    }
+
+private:
+    std::string path_;
+    FolderResult result_;
+};
+
+} // namespace
+
+COrvaneExporter::COrvaneExporter(const ExporterSurroundings& surroundings)
+    : surroundings_(surroundings), options_(surroundings.settings) {
+    options_.load();
+}
+
+void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& first, const std::string& second) {
+    const std::string narrow = toSystemNarrow(path);
+    std::string cut = cutAfterExtension(narrow, first);
+    if (cut.empty()) {
+        cut = cutAfterExtension(narrow, second);
+    }
+    request_.saveAsPath = cut;
+    exportActiveDocument();
+}
+
+std::string COrvaneExporter::languageText(std::int32_t number) const {
+    return surroundings_.texts ? surroundings_.texts->text(number) : std::string();
+}
+
+std::u16string COrvaneExporter::defaultDocumentTitle() {
+    std::u16string title;
+    if (const HostRef<HostModelDoc> modelDoc = surroundings_.host.activeDocument()) {
+        title = modelDoc->documentTitle();
+    }
+    return title.empty() ? fromSystemNarrow(languageText(kUntitledText)) : title;
+}
+
+ExportTarget COrvaneExporter::plannedTarget() {
+    const bool isNamedByTitle = request_.saveAsPath.empty() && request_.exportPath.empty();
+    const ExportTarget target = resolveTarget(request_, options_, toAsciiName(defaultDocumentTitle()));
+    if (isNamedByTitle && fileNameFault(target.fileName + kLongestExtension)) {
+        return resolveTarget(request_, options_, kNameWithoutTitle);
+    }
+    return target;
+}
+
+bool COrvaneExporter::mayReplace(const ExportTarget& target) {
+    if (target.fileExtension != "gltf" || request_.saveAsPath.empty()) {
+        return true;
+    }
+    // The host's own dialog has asked about a file in the chosen folder itself; the one that is written lies below it.
+    const std::string file = target.fileName + "." + target.fileExtension;
+    if (canOpenForReading(target.destinationFolderPre + file) || !canOpenForReading(target.destinationFolder + file)) {
+        return true;
+    }
+    return surroundings_.prompts &&
+           surroundings_.prompts->confirm(file + " already exists.\nDo you want to replace it?", "Confirm Save As");
+}
+
+void COrvaneExporter::exportActiveDocument() {
+    report_ = {};
+    if (hostRevision != kSupportedHostRevision) {
+        if (surroundings_.prompts) {
+            surroundings_.prompts->showMessage(languageText(kWrongHostText), "Orvane Exporter");
+        }
+        report_.errors.push_back("this revision of the host is not supported");
+        return;
+    }
+    if (surroundings_.cursor) {
+        surroundings_.cursor->show();
+    }
+    progressBegin(document_.progress);
+    const HostRef<HostModelDoc> modelDoc = surroundings_.host.activeDocument();
+    if (!modelDoc) {
+        report_.errors.push_back("there is no open document");
+        return;
+    }
+    trackingId_ = kTrackingId;
+    surroundings_.host.registerTrackingId(u"OrvaneExporter", trackingId_);
+    try {
+        exportDocument(modelDoc);
+    } catch (const std::bad_alloc&) {
+        report_.errors.push_back("there is not enough memory for this model");
+    } catch (const std::exception& fault) {
+        report_.errors.push_back(fault.what());
+    }
+    if (!wasDeclined_) {
+        finish();
+    }
+}
+
+void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc) {
+    const ExportTarget target = plannedTarget();
+    wasDeclined_ = !mayReplace(target);
+    if (wasDeclined_) {
+        report_.errors.push_back(nativePath(target.file()) + " already exists");
+        return;
+    }
+    if (const auto fault = fileNameFault(target.fileName + kLongestExtension)) {
+        report_.errors.push_back("the file name " + target.fileName.substr(0, 40) + "... " + *fault +
+                                 "; choose a shorter one");
+        return;
+    }
+    const FolderGuard folder(target.destinationFolder, report_);
+    if (report_.hasFailed()) {
+        return;
+    }
+    if (target.isBinary()) {
+        exportBinary(modelDoc, target);
+    } else {
+        exportText(modelDoc, target);
+    }
+    if (!report_.hasFailed()) {
+        report_.writtenFile = nativePath(target.file());
+    }
+}
+
+void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
+    DiskBufferFolder folder(target.destinationFolder, report_);
+    const std::int32_t activeScene = buildDocument(modelDoc, folder);
+    if (!report_.hasFailed()) {
+        writeTextScene(document_, activeScene, target, report_);
+    }
+    if (!report_.hasFailed()) {
+        folder.keep();
+    }
+}
+
+void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
+    WorkingBufferFolder folder(target.destinationFolder, report_);
+    const std::int32_t activeScene = buildDocument(modelDoc, folder);
+    if (!report_.hasFailed()) {
+        writeBinaryScene(document_, activeScene, folder, target, report_);
+    }
+}
+
+/// Fills the document from the host, and puts the host back as it was. Gives the index of the active scene.
+std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDoc, BufferFolder& folder) {
+    BufferNames names;
+    ExportContext context{.host = surroundings_.host,
+                          .modelDoc = modelDoc,
+                          .isAssembly = modelDoc->getDocumentType() == kAssemblyDocument,
+                          .options = options_,
+                          .document = document_,
+                          .report = report_,
+                          .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize() != 0},
+                          .title = defaultDocumentTitle(),
+                          .rootTransform = {}};
+    const HostRef<HostView> view = modelDoc->activeView();
+    const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
+    registerMaterial(document_, makeMaterial(document_)); // the default material, always the first
+    buildScenes(context, configurations);
+    if (configurations.activeConfiguration) {
+        modelDoc->showConfiguration(configurations.activeConfiguration->getConfigurationName());
+    }
+    if (view) {
+        modelDoc->setActiveView(view);
+    }
+    return configurations.activeIndex;
+}
+
+/// Empties everything that lives for one export.
+void COrvaneExporter::finish() {
+    Progress progress = std::move(document_.progress);
+    document_ = GltfDocument{};
+    document_.progress = std::move(progress);
+    request_ = {};
+    progressEnd(document_.progress);
+    if (surroundings_.cursor) {
+        surroundings_.cursor->restore();
+    }
+}
+
+} // namespace orvane

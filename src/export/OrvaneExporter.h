@@ -1,0 +1,82 @@
+#pragma once
+
+#include "document/BufferFolder.h"
+#include "document/ExportReport.h"
+#include "document/GltfDocument.h"
+#include "export/ExportOptions.h"
+#include "export/ExportTarget.h"
+#include "host/HostApplication.h"
+#include "platform/LanguageTexts.h"
+#include "platform/SettingsStore.h"
+#include "platform/UserPrompts.h"
+#include "platform/WaitCursor.h"
+
+#include <cstdint>
+#include <string>
+
+namespace orvane {
+
+/// The one host revision that exports are made from.
+inline constexpr std::int32_t kSupportedHostRevision = 28;
+
+/// What surrounds the exporter. All of it outlives the exporter; only the host has to be there.
+struct ExporterSurroundings {
+    HostApplication& host;
+    UserPrompts* prompts = nullptr;        ///< without it nothing is shown, and every question is answered with No
+    WaitCursor* cursor = nullptr;
+    const LanguageTexts* texts = nullptr;  ///< without it every text is empty
+    SettingsStore* settings = nullptr;
+};
+
+/// Takes save requests to finished files: one long synchronous operation at a time, on the host's main thread.
+/// It throws nothing and, but for the question whether to replace a file, says nothing; `report` tells what became of the
+/// last export.
+class COrvaneExporter {
+public:
+    explicit COrvaneExporter(const ExporterSurroundings& surroundings);
+    virtual ~COrvaneExporter() = default;
+    COrvaneExporter(const COrvaneExporter&) = delete;
+    COrvaneExporter& operator=(const COrvaneExporter&) = delete;
+
+    /// The host's save callbacks for parts and assemblies. `path` may carry something behind its extension, which goes;
+    /// one without a known extension leaves the request as it is.
+    void onSaveAsPart(const std::u16string& path) { onSaveAs(path, "gltf", "glb"); }
+    void onSaveAsAssembly(const std::u16string& path) { onSaveAs(path, "glb", "gltf"); }
+
+    /// Exports the document in front as `request` and `options` say, and empties the request.
+    virtual void exportActiveDocument();
+
+    /// Where the present request would go.
+    ExportTarget plannedTarget();
+
+    /// The title of the document in front; a text in the person's language when the host gives none.
+    std::u16string defaultDocumentTitle();
+
+    ExportRequest& request() { return request_; }
+    ExportOptions& options() { return options_; }
+    /// The counters of the running export; the place for a listener.
+    Progress& progress() { return document_.progress; }
+    const ExportReport& report() const { return report_; }
+
+    std::int32_t hostRevision = 0; ///< the host's major revision, set at connection
+
+private:
+    void onSaveAs(const std::u16string& path, const std::string& first, const std::string& second);
+    bool mayReplace(const ExportTarget& target);
+    void exportDocument(const HostRef<HostModelDoc>& modelDoc);
+    void exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
+    void exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
+    std::int32_t buildDocument(const HostRef<HostModelDoc>& modelDoc, BufferFolder& folder);
+    void finish();
+    std::string languageText(std::int32_t number) const;
+
+    ExporterSurroundings surroundings_;
+    ExportOptions options_;
+    ExportRequest request_;
+    ExportReport report_;
+    GltfDocument document_;
+    std::int32_t trackingId_ = 0;
+    bool wasDeclined_ = false; ///< the person did not want the target replaced
+};
+
+} // namespace orvane

@@ -1,0 +1,74 @@
+#include "export/SceneFiles.h"
+
+#include "document/DocumentWriter.h"
+#include "document/GlbMerge.h"
+#include "document/GlbWriter.h"
+#include "platform/Files.h"
+
+#include <limits>
+#include <utility>
+
+namespace orvane {
+
+namespace {
+
+constexpr std::int64_t kLargestBinary = std::numeric_limits<std::uint32_t>::max();
+
+// No record asks for a picture as long as materials carry no textures.
+void copyNoPicture(const std::string&, std::string&, bool) {}
+std::string copyNoWorkingPicture(const std::string&, std::string&, bool) { return {}; }
+
+void writeWholeText(GltfDocument& document, std::int32_t activeScene, TextStream::Drain drain) {
+    TextStream gltf;
+    gltf.drainTo(std::move(drain));
+    writeDocumentHead(gltf, activeScene);
+    writeDocument(gltf, document, copyNoPicture);
+    gltf << "}\n";
+    gltf.drainAll();
+}
+
+void putInPlace(OutputFile& file, const ExportTarget& target, ExportReport& report) {
+    if (!file.moveTo(target.file())) {
+        report.errors.push_back(nativePath(target.file()) + " " + file.error());
+    }
+}
+
+} // namespace
+
+void writeTextScene(GltfDocument& document, std::int32_t activeScene, const ExportTarget& target, ExportReport& report) {
+    OutputFile file = OutputFile::createTemporary(target.destinationFolder);
+    writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
+    putInPlace(file, target, report);
+}
+
+void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingBufferFolder& folder,
+                      const ExportTarget& target, ExportReport& report) {
+    const std::vector<FileRange> ranges = mergeBuffers(document, folder, copyNoWorkingPicture);
+    if (report.hasFailed()) {
+        return;
+    }
+    OutputFile file = OutputFile::createTemporary(target.destinationFolder);
+    GlbWriter glb(file);
+    glb.writeHeader();
+    glb.beginJsonChunk();
+    writeWholeText(document, activeScene, [&](std::string_view text) { glb.writeJson(text); });
+    glb.endJsonChunk();
+    std::int64_t total = file.position();
+    for (const FileRange& range : ranges) {
+        total += range.length;
+    }
+    if (total > kLargestBinary) {
+        report.errors.push_back(nativePath(target.file()) +
+                                " would be larger than 4 GiB, the most that a .glb can hold; export a .gltf instead");
+        return;
+    }
+    glb.beginBinChunk();
+    for (const FileRange& range : ranges) {
+        file.append(folder.file(), range.offset, range.length);
+    }
+    glb.endBinChunk();
+    glb.finish();
+    putInPlace(file, target, report);
+}
+
+} // namespace orvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/HostAssembly.h"
+#include "host/HostConfiguration.h"
+#include "host/HostDocExtension.h"
+#include "host/HostPart.h"
+#include "host/HostRef.h"
+#include "host/HostView.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvane {
+
+/// Document types by the host's numbers.
+inline constexpr std::int32_t kPartDocument = 1;
+inline constexpr std::int32_t kAssemblyDocument = 2;
+
+/// An open document.
+class HostModelDoc : public HostObject {
+public:
+    virtual std::int32_t getDocumentType() const = 0;
+    /// The title that the host shows; empty when it gives none.
+    virtual std::u16string documentTitle() const = 0;
+    /// Full path of the document's file.
+    virtual std::u16string documentPath() const = 0;
+
+    /// Empty for a document that is no part.
+    virtual HostRef<HostPart> partInterface() = 0;
+    /// Empty for a document that is no assembly.
+    virtual HostRef<HostAssembly> assemblyInterface() = 0;
+    virtual HostRef<HostDocExtension> extension() = 0;
+
+    virtual HostRef<HostView> activeView() = 0;
+    virtual void setActiveView(const HostRef<HostView>& view) = 0;
+
+    virtual HostRef<HostConfiguration> getActiveConfiguration() = 0;
+    /// Nothing when the host cannot count them.
+    virtual std::optional<std::int32_t> getConfigurationCount() const = 0;
+    virtual std::vector<std::u16string> getConfigurationNames() const = 0;
+    virtual HostRef<HostConfiguration> getConfigurationByName(const std::u16string& name) = 0;
+    /// Makes a configuration the active one; answers whether it did.
+    virtual bool showConfiguration(const std::u16string& name) = 0;
+};
+
+} // namespace orvane
