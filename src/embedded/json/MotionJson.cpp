@@ -1,0 +1,63 @@
+#include "embedded/json/MotionJson.h"
+
+#include "embedded/json/DocumentContext.h"
+#include "embedded/json/JsonCursor.h"
+#include "embedded/json/PlacementJson.h"
+
+namespace orvane {
+
+void readValue(const JsonCursor& value, TrackKey& key) {
+    value.expectObject({"time", "placement"});
+    value.read("time", key.time);
+    value.read("placement", key.placement);
+}
+
+namespace {
+
+void readKeys(const JsonCursor& list, std::vector<TrackKey>& keys) {
+    readValue(list, keys);
+    for (std::size_t i = 1; i < keys.size(); ++i) {
+        if (!(keys[i - 1].time < keys[i].time)) {
+            list.at(i).fail("a key that is not later than the one before", "keys in ascending time order");
+        }
+    }
+}
+
+} // namespace
+
+void readValue(const JsonCursor& value, TrackRecord& track) {
+    value.expectObject({"component", "interpolation", "keys"});
+    value.with("component",
+               [&](const JsonCursor& fullName) { track.component = mentionComponent(fullName); });
+    value.with("interpolation", [&](const JsonCursor& word) {
+        track.interpolation = readWord<TrackInterpolation>(
+            word, {{"linear", TrackInterpolation::linear}, {"step", TrackInterpolation::step}});
+    });
+    value.with("keys", [&](const JsonCursor& list) { readKeys(list, track.keys); });
+}
+
+void readValue(const JsonCursor& value, MotionStudyRecord& study) {
+    value.expectObject({"name", "duration", "frameRate", "time", "tracks"});
+    value.read("name", study.name);
+    value.read("duration", study.duration);
+    value.read("frameRate", study.frameRate);
+    value.read("time", study.time);
+    value.read("tracks", study.tracks);
+    std::erase_if(study.tracks,
+                  [](const TrackRecord& track) { return track.keys.empty() || track.component.empty(); });
+}
+
+void readValue(const JsonCursor& value, ExplodeStepRecord& step) {
+    value.expectObject({"components", "translate"});
+    value.with("components", [&](const JsonCursor& names) { step.components = mentionComponents(names); });
+    value.read("translate", step.translate);
+}
+
+void readValue(const JsonCursor& value, ExplodedViewRecord& view) {
+    value.expectObject({"name", "frameRate", "steps"});
+    value.read("name", view.name);
+    value.read("frameRate", view.frameRate);
+    value.read("steps", view.steps);
+}
+
+} // namespace orvane
