@@ -1,6 +1,6 @@
 #include "embedded/ComponentInstances.h"
 
-#include "embedded/ComponentTree.h"
+#include "embedded/InstanceTree.h"
 
 namespace orvane {
 
@@ -62,8 +62,7 @@ void ComponentInstances::apply(const ConfigurationRecord& configuration, const D
 template <class Change>
 void ComponentInstances::changeNamed(std::int32_t top, const std::u16string& name, Change change) {
     const ComponentInstance& above = instances_[static_cast<std::size_t>(top)];
-    const auto end = static_cast<std::int32_t>(top == 0 || above.end == 0 ? instances_.size()
-                                                                          : static_cast<std::size_t>(above.end));
+    const std::int32_t end = top == 0 ? static_cast<std::int32_t>(instances_.size()) : above.end;
     const auto [first, last] = positionsByName_.equal_range(top == 0 ? name : above.fullName + u"/" + name);
     for (auto found = first; found != last; ++found) {
         if (found->second > top && found->second < end) {

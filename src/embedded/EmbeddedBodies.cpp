@@ -1,6 +1,8 @@
 #include "embedded/EmbeddedSession.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace orvane {
@@ -91,10 +93,6 @@ std::int32_t typeCode(BodyKind kind) {
     return -1;
 }
 
-bool exists(const BodyRecord& body, const ConfigurationRecord& configuration) {
-    return !configuration.bodies || std::ranges::find(*configuration.bodies, body.name) != configuration.bodies->end();
-}
-
 } // namespace
 
 HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
@@ -105,9 +103,14 @@ HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const 
     const bool isOpened = &document == &session->opened();
     const ConfigurationRecord& configuration =
         document.configurations[isOpened ? session->activeConfiguration : document.activeConfiguration];
+    std::unordered_set<std::u16string_view> existing;
+    if (configuration.bodies) {
+        existing.insert(configuration.bodies->begin(), configuration.bodies->end());
+    }
     std::vector<const BodyRecord*> bodies;
     for (const BodyRecord& body : document.bodies) {
-        if (typeCode(body.kind) == bodyType && (body.visible || !visibleOnly) && exists(body, configuration)) {
+        const bool exists = !configuration.bodies || existing.contains(body.name);
+        if (exists && typeCode(body.kind) == bodyType && (body.visible || !visibleOnly)) {
             bodies.push_back(&body);
         }
     }

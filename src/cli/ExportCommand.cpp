@@ -1,0 +1,153 @@
+#include "cli/ExportCommand.h"
+
+#include "cli/CreatedFolders.h"
+#include "cli/ProgressDisplay.h"
+#include "embedded/EmbeddedHost.h"
+#include "embedded/ModelReader.h"
+#include "export/OrvaneExporter.h"
+#include "platform/Files.h"
+#include "platform/NarrowText.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <iostream>
+
+namespace orvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string lowerExtension(const fs::path& path) {
+    std::string extension = path.extension().string();
+    std::ranges::transform(extension, extension.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return extension;
+}
+
+/// The path that the exporter takes: with a folder, and with the extension in lower case.
+std::string requestPath(const std::string& output) {
+    const fs::path path(output);
+    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    return (folder / path.stem()).string() + lowerExtension(path);
+}
+
+void setOptions(const ExportArguments& arguments, ExportOptions& options) {
+    const auto flag = [](bool value) { return static_cast<std::int16_t>(value ? -1 : 0); };
+    options.setExportViews(flag(arguments.views));
+    options.setExportCameras(flag(arguments.cameras));
+    options.setExportLights(flag(arguments.lights));
+    options.setExportAnimations(flag(arguments.animations));
+    options.setExportExplodedViews(flag(arguments.explodedViews));
+    options.setLimitPrimitiveSize(flag(!arguments.noPrimitiveLimit));
+    options.setResolveComponents(flag(!arguments.noResolve));
+    options.setGenerateThumbnails(flag(arguments.thumbnails));
+    options.setDefaultBinary(flag(true));
+    options.setDestinationDirectory(u".");
+}
+
+/// The options that are taken but change nothing yet.
+void warnOfIdleOptions(const ExportArguments& arguments) {
+    const std::pair<const char*, bool> idle[] = {
+        {"--views", arguments.views},
+        {"--cameras", arguments.cameras},
+        {"--lights", arguments.lights},
+        {"--animations", arguments.animations},
+        {"--exploded-views", arguments.explodedViews},
+        {"--thumbnails", arguments.thumbnails},
+        {"--host-folder", !arguments.hostFolder.empty()},
+    };
+    for (const auto& [name, isGiven] : idle) {
+        if (isGiven) {
+            std::cerr << "orvane: warning: " << name << " has no effect in this version\n";
+        }
+    }
+}
+
+void warn(const std::vector<std::string>& warnings) {
+    for (const std::string& warning : warnings) {
+        std::cerr << "orvane: warning: " << warning << "\n";
+    }
+}
+
+bool refuse(const std::string& reason) {
+    std::cerr << "orvane: " << reason << "\n";
+    return false;
+}
+
+bool mayWrite(const ExportTarget& target, bool force) {
+    const std::string file = fs::path(nativePath(target.file())).lexically_normal().string();
+    std::error_code ignored;
+    const fs::file_status status = fs::symlink_status(file, ignored);
+    if (fs::is_directory(status)) {
+        return refuse(file + " is a folder; choose another name with -o");
+    }
+    if (fs::exists(status) && !force) {
+        return refuse(file + " exists already; replace it with --force, or choose another name with -o");
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<std::string> outputFault(const std::string& output) {
+    const fs::path path(nativePath(output));
+    const std::string extension = lowerExtension(path);
+    if (extension == ".glb" || extension == ".gltf") {
+        return std::nullopt;
+    }
+    return "has to end in a file name with .glb or .gltf";
+}
+
+int runExport(const ExportArguments& arguments) {
+    ExportRequest request;
+    if (!arguments.output.empty()) {
+        request.exportPath = requestPath(arguments.output);
+        // Asked here too, so that nobody waits for a large model in vain.
+        if (!mayWrite(resolveTarget(request, ExportOptions(), {}), arguments.force)) {
+            return 1;
+        }
+    }
+    ProgressDisplay display(!arguments.quiet);
+    display.showPhase("reading " + arguments.model);
+    Model model = readModel(arguments.model, {arguments.deflection});
+    display.clear();
+    const std::vector<std::string> readingWarnings = std::move(model.warnings);
+
+    const HostRef<HostApplication> host = openEmbeddedHost(std::move(model));
+    COrvaneExporter exporter({.host = *host});
+    exporter.hostRevision = kEmbeddedHostRevision;
+    exporter.request() = request;
+    setOptions(arguments, exporter.options());
+    const ExportTarget target = exporter.plannedTarget();
+    if (!mayWrite(target, arguments.force)) {
+        return 1;
+    }
+    CreatedFolders folders;
+    if (const auto fault = folders.create(nativePath(target.destinationFolderPre))) {
+        refuse(*fault);
+        return 1;
+    }
+    display.listenTo(exporter.progress());
+    exporter.exportActiveDocument();
+    display.clear();
+
+    const ExportReport& report = exporter.report();
+    if (!arguments.quiet) {
+        warnOfIdleOptions(arguments);
+        warn(readingWarnings);
+        warn(report.warnings);
+    }
+    if (report.hasFailed()) {
+        refuse(report.errors.front());
+        return 1;
+    }
+    folders.keep();
+    if (!arguments.quiet) {
+        std::cout << fs::path(report.writtenFile).lexically_normal().string() << std::endl;
+    }
+    return 0;
+}
+
+} // namespace orvane

@@ -1,0 +1,87 @@
+#include "cli/ExportCommand.h"
+#include "embedded/ModelError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <new>
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+void addExportOptions(CLI::App& command, orvane::ExportArguments& arguments) {
+    command.add_option("MODEL", arguments.model, "Model document (.tfgprt, .tfgasm) or STEP file (.step, .stp)")
+        ->required();
+    command.add_option("-o,--output", arguments.output,
+                       "Result, ending in .glb or .gltf; OUT.gltf lands in a folder of its own, OUT/OUT.gltf "
+                       "(TITLE.glb in the current folder when absent)")
+        ->type_name("OUT")
+        ->check([](const std::string& output) {
+            const auto fault = orvane::outputFault(output);
+            return fault ? "OUT " + *fault + ", found '" + output + "'" : std::string();
+        });
+    command.add_flag("--views", arguments.views, "Export the named views as cameras");
+    command.add_flag("--cameras", arguments.cameras, "Export the camera features");
+    command.add_flag("--lights", arguments.lights, "Export the lights");
+    command.add_flag("--animations", arguments.animations, "Export the motion studies");
+    command.add_flag("--exploded-views", arguments.explodedViews, "Export the exploded views as animations");
+    command.add_flag("--no-primitive-limit", arguments.noPrimitiveLimit,
+                     "Do not split meshes of more than 21,666 triangles; larger ones come out wrong");
+    command.add_flag("--no-resolve", arguments.noResolve, "Leave lightweight components without geometry");
+    command.add_flag("--thumbnails", arguments.thumbnails, "Write a page of pictures beside the result");
+    command.add_option("--host-folder", arguments.hostFolder, "Folder of the host's appearance library")
+        ->type_name("DIR");
+    command.add_option("--deflection", arguments.deflection,
+                       "Greatest distance between a STEP face and its triangles")
+        ->type_name("METRES")
+        ->check([](const std::string& text) {
+            double metres = 0;
+            const bool isGood = CLI::detail::lexical_cast(text, metres) && metres > 0 && metres < 1e300;
+            return isGood ? std::string() : "METRES has to be a number above 0, found '" + text + "'";
+        });
+    command.add_flag("--force", arguments.force, "Replace a result that is there already");
+    command.add_flag("--quiet", arguments.quiet, "Print nothing but errors");
+}
+
+/// Help and version are printed as they are; anything else is wrong usage, told in one line.
+int answerParseError(const CLI::App& app, const CLI::ParseError& error) {
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+        return app.exit(error);
+    }
+    std::cerr << "orvane: " << error.what() << " (see orvane --help)\n";
+    return kWrongUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // A file beyond the limit of its size is told like a full disk, not by the end of the process.
+    std::signal(SIGXFSZ, SIG_IGN);
+
+    CLI::App app("Turns CAD models into glTF 2.0 scenes", "orvane");
+    app.set_version_flag("--version", "orvane " ORVANE_VERSION);
+    app.require_subcommand(1);
+    orvane::ExportArguments exportArguments;
+    CLI::App* exportCommand = app.add_subcommand("export", "Export a model as .gltf or .glb");
+    addExportOptions(*exportCommand, exportArguments);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return answerParseError(app, error);
+    }
+    try {
+        return orvane::runExport(exportArguments);
+    } catch (const orvane::ModelError& error) {
+        std::cerr << "orvane: " << error.what() << "\n";
+    } catch (const std::bad_alloc&) {
+        std::cerr << "orvane: there is not enough memory for this model\n";
+    } catch (const std::exception& error) {
+        std::cerr << "orvane: " << error.what() << "\n";
+    }
+    return kFailed;
+}
