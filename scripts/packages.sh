@@ -1,0 +1,52 @@
+# Sourced by the scripts at the root: installs Debian packages that are missing. Says nothing when none is.
+
+# Open CASCADE's development packages hang on one another; this one brings the others.
+BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libocct-data-exchange-dev)
+TEST_PACKAGES=(libgtest-dev libgmock-dev)
+
+# Prints those of the packages given that are not installed.
+missing_packages() {
+    local name
+    for name in "$@"; do
+        if [[ $(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null) != installed ]]; then
+            printf '%s\n' "$name"
+        fi
+    done
+}
+
+# require_packages LOG PACKAGE...: installs what is missing, through sudo for everyone but root. apt's output goes to LOG.
+require_packages() {
+    local log=$1 missing as_root=()
+    shift
+    mapfile -t missing < <(missing_packages "$@")
+    if ((${#missing[@]} == 0)); then
+        return 0
+    fi
+    if ! command -v apt-get >/dev/null; then
+        printf 'These are needed and there is no apt-get to install them: %s\n' "${missing[*]}" >&2
+        return 1
+    fi
+    if ((EUID != 0)); then
+        if ! command -v sudo >/dev/null; then
+            printf 'These packages are needed; install them as root: %s\n' "${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    printf 'Installing %s (log: %s)\n' "${missing[*]}" "$log" >&2
+    run_logged "$log" "${as_root[@]}" apt-get update &&
+        run_logged "$log" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+# run_logged LOG COMMAND...: appends the command's output to LOG; shows the end of it when the command fails.
+run_logged() {
+    local log=$1 status=0
+    shift
+    "$@" >>"$log" 2>&1 </dev/null || status=$?
+    if ((status != 0)); then
+        tail -n 30 "$log" >&2
+        printf '%s failed with status %d; the whole log is %s\n' "$1" "$status" "$log" >&2
+    fi
+    return "$status"
+}
