@@ -16,7 +16,7 @@ include(FindPackageHandleStandardArgs)
 find_package_handle_standard_args(OpenCascade REQUIRED_VARS ${OpenCascade_required})
 unset(OpenCascade_required)
 if(OpenCascade_FOUND AND NOT TARGET OpenCascade::Step)
-    add_library(OpenCascade::Step INTERFACE IMPORTED)
+    add_library(OpenCascade::Step INTERFACE IMPORTED GLOBAL)
     set_target_properties(OpenCascade::Step PROPERTIES
         INTERFACE_SYSTEM_INCLUDE_DIRECTORIES "${OpenCascade_INCLUDE_DIR}"
         INTERFACE_INCLUDE_DIRECTORIES "${OpenCascade_INCLUDE_DIR}"

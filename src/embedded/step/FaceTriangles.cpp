@@ -17,21 +17,24 @@ namespace orvane {
 
 namespace {
 
-// Where the derivatives of a surface are this close to parallel, or one this short beside the other, the
-// point is singular: a cone's apex, a sphere's pole, the collapsed edge of a patch.
-constexpr double kSingular = 1e-10;
+// Where the derivatives of a surface are this close to parallel, or one is this short beside the other, the
+// point counts as singular: a cone's apex, a sphere's pole, the collapsed edge of a patch. Files give such
+// places to some ten digits, and beyond a cone's apex the normal points the other way.
+constexpr double kSingular = 1e-6;
 
-// How far from a singular corner towards its triangle's middle the normal is taken, as a share of the way.
+// How far from a singular corner towards its triangle's middle the normal is taken, as a share of the way;
+// and what is singular there.
 constexpr double kNudge = 1e-3;
+constexpr double kSingularNudged = 1e-12;
 
-std::optional<gp_Vec> normalAt(const Geom_Surface& surface, const gp_XY& parameters) {
+std::optional<gp_Vec> normalAt(const Geom_Surface& surface, const gp_XY& parameters, double singular) {
     gp_Pnt point;
     gp_Vec alongU;
     gp_Vec alongV;
     surface.D1(parameters.X(), parameters.Y(), point, alongU, alongV);
     const gp_Vec normal = alongU.Crossed(alongV);
     const double longest = std::max(alongU.SquareMagnitude(), alongV.SquareMagnitude());
-    if (!(normal.Magnitude() > kSingular * longest)) {
+    if (!(normal.Magnitude() > singular * longest)) {
         return std::nullopt;
     }
     return normal.Normalized();
@@ -54,7 +57,8 @@ public:
             parametersInMetres_ = surface_->ParametricTransformation(toMetres);
             normals_.resize(static_cast<std::size_t>(mesh_->NbNodes()));
             for (Standard_Integer node = 1; node <= mesh_->NbNodes(); ++node) {
-                normals_[static_cast<std::size_t>(node - 1)] = placedNormal(mesh_->UVNode(node).XY());
+                normals_[static_cast<std::size_t>(node - 1)] =
+                    placedNormal(mesh_->UVNode(node).XY(), kSingular);
             }
         }
     }
@@ -85,7 +89,7 @@ public:
         const gp_XY middle = (mesh_->UVNode(triangle[0]).XY() + mesh_->UVNode(triangle[1]).XY() +
                               mesh_->UVNode(triangle[2]).XY()) /
                              3;
-        return placedNormal(corner + (middle - corner) * kNudge);
+        return placedNormal(corner + (middle - corner) * kNudge, kSingularNudged);
     }
 
     gp_XY textureCoordinates(Standard_Integer node) const {
@@ -93,8 +97,8 @@ public:
     }
 
 private:
-    std::optional<gp_Vec> placedNormal(const gp_XY& parameters) const {
-        std::optional<gp_Vec> normal = normalAt(*surface_, parameters);
+    std::optional<gp_Vec> placedNormal(const gp_XY& parameters, double singular) const {
+        std::optional<gp_Vec> normal = normalAt(*surface_, parameters, singular);
         if (normal) {
             // A scaled location must not scale the normal.
             normal = normal->Transformed(surfaceLocation_.Transformation()).Normalized() * normalSign_;

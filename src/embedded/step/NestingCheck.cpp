@@ -64,10 +64,17 @@ std::string findEndlessNesting(const Interface_Graph& graph) {
     const std::vector<std::vector<Entity>> children = descents(graph);
     std::vector<State> states(children.size(), State::unseen);
     std::vector<std::uint32_t> heights(children.size(), 0); // levels below an entity that is done
+    std::vector<std::uint64_t> components(children.size(),
+                                          0); // in the whole tree below a product that is done
     std::vector<Step> path;
     const auto label = [&](std::size_t entity) {
         const Handle(Standard_Transient) value = graph.Model()->Value(static_cast<Entity>(entity));
         return std::string(graph.Model()->StringLabel(value)->ToCString());
+    };
+    const auto isProduct = [&](std::size_t entity) {
+        return graph.Model()
+            ->Value(static_cast<Entity>(entity))
+            ->IsKind(STANDARD_TYPE(StepBasic_ProductDefinition));
     };
     for (std::size_t root = 1; root < children.size(); ++root) {
         if (states[root] != State::unseen) {
@@ -81,9 +88,16 @@ std::string findEndlessNesting(const Interface_Graph& graph) {
             if (step.nextChild == children[entity].size()) {
                 states[entity] = State::done;
                 path.pop_back();
-                if (!path.empty()) {
-                    heights[path.back().entity] = std::max(heights[path.back().entity], heights[entity] + 1);
+                for (const Entity child : children[entity]) {
+                    heights[entity] = std::max(heights[entity], heights[static_cast<std::size_t>(child)] + 1);
+                    components[entity] += components[static_cast<std::size_t>(child)] + 1;
                 }
+                if (isProduct(entity) && components[entity] > kMostComponents) {
+                    return label(entity) + " has more than " + std::to_string(kMostComponents) +
+                           " components";
+                }
+                components[entity] =
+                    std::min(components[entity], kMostComponents); // shapes may well have more
                 continue;
             }
             const auto child = static_cast<std::size_t>(children[entity][step.nextChild++]);
@@ -93,8 +107,6 @@ std::string findEndlessNesting(const Interface_Graph& graph) {
             if (states[child] == State::unseen) {
                 states[child] = State::open;
                 path.push_back({child, 0});
-            } else {
-                heights[entity] = std::max(heights[entity], heights[child] + 1);
             }
             if (path.size() + heights[child] > kDeepest) {
                 return label(child) + " is nested deeper than " + std::to_string(kDeepest) + " levels";

@@ -2,13 +2,18 @@
 
 #include <Interface_Graph.hxx>
 
+#include <cstdint>
 #include <string>
 
 namespace orvane {
 
-/// Looks for what would make the kernel's reader recurse without end: products that use themselves, directly
-/// or through others, and shapes, curves or surfaces that are made of themselves or nested deeper than in any
-/// real file. Returns what was found, naming the entity, or an empty text.
+/// How many components the whole tree of an opened document may have.
+inline constexpr std::uint64_t kMostComponents = 2'000'000;
+
+/// Looks for what would make the kernel's reader recurse without end or for days: products that use
+/// themselves, directly or through others, shapes, curves or surfaces that are made of themselves or nested
+/// deeper than in any real file, and products whose whole tree has more than `kMostComponents` components.
+/// Nothing is expanded to find that. Returns what was found, naming the entity, or an empty text.
 std::string findEndlessNesting(const Interface_Graph& graph);
 
 } // namespace orvane

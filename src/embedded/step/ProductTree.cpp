@@ -3,6 +3,7 @@
 #include "embedded/HostPath.h"
 #include "embedded/ModelError.h"
 #include "embedded/step/KernelSession.h"
+#include "embedded/step/NestingCheck.h"
 #include "embedded/step/ShapeMesher.h"
 #include "embedded/step/StepColors.h"
 #include "platform/NarrowText.h"
@@ -17,8 +18,6 @@
 namespace orvane {
 
 namespace {
-
-constexpr std::uint64_t kMostComponents = 2'000'000;
 
 // The host multiplies row vectors: its block is the transpose of the kernel's. A mirror stays in the block,
 // whose determinant is then -1; the scale is positive.

@@ -31,8 +31,9 @@ std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
     double green = 0;
     double blue = 0;
     color.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
-    return Look{toByte(red) | toByte(green) << 8 | toByte(blue) << 16,
-                1 - static_cast<double>(color.Alpha())};
+    // The kernel's opacity is a float, which must not show as 0.649999976.
+    const double transparency = std::round((1 - static_cast<double>(color.Alpha())) * 1e6) / 1e6;
+    return Look{toByte(red) | toByte(green) << 8 | toByte(blue) << 16, transparency};
 }
 
 // One appearance for all entities of a kind that look alike, in the order in which the looks are first met.

@@ -198,7 +198,8 @@ void parse(STEPControl_Reader& reader, const std::filesystem::path& file) {
                                          "expected 'HEADER;', 'DATA;' and one entity a statement");
     }
     if (const std::string fault = findEndlessNesting(reader.WS()->Graph()); !fault.empty()) {
-        throw ModelError(file.string() + ": found that " + fault + ", expected products and shapes that end");
+        throw ModelError(file.string() + ": found that " + fault +
+                         ", expected a structure that can be expanded");
     }
 }
 

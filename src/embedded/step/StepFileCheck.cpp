@@ -51,9 +51,7 @@ bool holdsLastWord(std::ifstream& stream, std::streamoff size) {
 void checkStepFile(const std::filesystem::path& file) {
     std::error_code error;
     std::ifstream stream(file, std::ios::binary);
-    const auto size =
-        std::filesystem::is_regular_file(file, error) ? std::filesystem::file_size(file, error) : 0;
-    if (!stream || error) {
+    if (!stream || !std::filesystem::is_regular_file(file, error)) {
         throw ModelError(file.string() + ": found no file that can be opened, expected a STEP file");
     }
     std::string start = readAt(stream, 0, 4096);
@@ -69,7 +67,7 @@ void checkStepFile(const std::filesystem::path& file) {
         throw ModelError(file.string() + ": found " + found +
                          ", expected a STEP file, which begins with 'ISO-10303-21;'");
     }
-    if (!holdsLastWord(stream, static_cast<std::streamoff>(size))) {
+    if (!holdsLastWord(stream, static_cast<std::streamoff>(std::filesystem::file_size(file)))) {
         throw ModelError(file.string() +
                          ": found the end of the file, expected 'END-ISO-10303-21;' before it: "
                          "the file is cut off");

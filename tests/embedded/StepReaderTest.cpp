@@ -1,0 +1,655 @@
+#include "embedded/step/StepReader.h"
+#include "embedded/ModelError.h"
+#include "embedded/step/StepText.h"
+#include "platform/NarrowText.h"
+
+#include <BRepAdaptor_Surface.hxx>
+#include <BRepBuilderAPI_MakeEdge.hxx>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeCone.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+#include <BRepPrimAPI_MakeTorus.hxx>
+#include <BRep_Builder.hxx>
+#include <Interface_Static.hxx>
+#include <Message.hxx>
+#include <Message_Messenger.hxx>
+#include <Quantity_ColorRGBA.hxx>
+#include <STEPCAFControl_Controller.hxx>
+#include <STEPCAFControl_Writer.hxx>
+#include <TDataStd_Name.hxx>
+#include <TDocStd_Document.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Compound.hxx>
+#include <XCAFDoc_ColorTool.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+#include <gmock/gmock.h>
+#include <gp_Ax1.hxx>
+#include <gp_Trsf.hxx>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <fstream>
+#include <functional>
+#include <numbers>
+#include <sstream>
+
+namespace orvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace fs = std::filesystem;
+
+/// A folder that goes with the test.
+class StepReaderTest : public testing::Test {
+protected:
+    StepReaderTest() {
+        fs::create_directories(folder);
+        Message::DefaultMessenger()->ChangePrinters().Clear();
+    }
+    ~StepReaderTest() override { fs::remove_all(folder); }
+
+    fs::path write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(folder / name, std::ios::binary) << bytes;
+        return folder / name;
+    }
+
+    fs::path folder =
+        fs::temp_directory_path() /
+        ("orvane-step-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
+};
+
+std::string contentOf(const fs::path& file) {
+    std::ostringstream out;
+    out << std::ifstream(file, std::ios::binary).rdbuf();
+    return out.str();
+}
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+gp_Trsf moved(double x, double y = 0, double z = 0) {
+    gp_Trsf transform;
+    transform.SetTranslation(gp_Vec(x, y, z));
+    return transform;
+}
+
+TopoDS_Shape box(double x, double y, double z) {
+    return BRepPrimAPI_MakeBox(x, y, z).Shape();
+}
+
+TopoDS_Shape compoundOf(const std::vector<TopoDS_Shape>& shapes) {
+    BRep_Builder builder;
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    for (const TopoDS_Shape& shape : shapes) {
+        builder.Add(compound, shape);
+    }
+    return compound;
+}
+
+TopoDS_Shape firstOf(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind) {
+    return TopExp_Explorer(shape, kind).Current();
+}
+
+/// A product structure that Open CASCADE writes. Shapes are in the unit of the file.
+struct StepMaker {
+    Handle(TDocStd_Document) document = new TDocStd_Document("Test");
+    Handle(XCAFDoc_ShapeTool) shapes = XCAFDoc_DocumentTool::ShapeTool(document->Main());
+    Handle(XCAFDoc_ColorTool) colors = XCAFDoc_DocumentTool::ColorTool(document->Main());
+
+    StepMaker() { XCAFDoc_ShapeTool::SetAutoNaming(Standard_False); }
+
+    TDF_Label named(const TDF_Label& label, const std::u16string& name) const {
+        if (!name.empty()) {
+            TDataStd_Name::Set(label, TCollection_ExtendedString(name.c_str()));
+        }
+        return label;
+    }
+    TDF_Label part(const std::u16string& name, const TopoDS_Shape& shape) const {
+        return named(shapes->AddShape(shape, Standard_False), name);
+    }
+    TDF_Label assembly(const std::u16string& name) const {
+        return named(shapes->AddShape(compoundOf({}), Standard_True), name);
+    }
+    TDF_Label place(const TDF_Label& parent, const TDF_Label& product, const std::u16string& name,
+                    const gp_Trsf& at) const {
+        return named(shapes->AddComponent(parent, product, TopLoc_Location(at)), name);
+    }
+    void paint(const TDF_Label& label, double red, double green, double blue, float alpha = 1) const {
+        const Quantity_Color color(red / 255, green / 255, blue / 255, Quantity_TOC_sRGB);
+        colors->SetColor(label, Quantity_ColorRGBA(color, alpha), XCAFDoc_ColorSurf);
+    }
+
+    /// With a `prefix` every part goes into a file of its own, whose name begins with it.
+    fs::path save(const fs::path& file, const char* unit = "MM", const char* prefix = nullptr) const {
+        shapes->UpdateAssemblies();
+        STEPCAFControl_Controller::Init();
+        Interface_Static::SetCVal("xstep.cascade.unit", unit); // no conversion: numbers go out as they stand
+        Interface_Static::SetCVal("write.step.unit", unit);
+        STEPCAFControl_Writer writer;
+        const fs::path before = fs::current_path();
+        fs::current_path(file.parent_path());
+        EXPECT_TRUE(writer.Transfer(document, STEPControl_AsIs, prefix));
+        EXPECT_EQ(writer.Write(file.string().c_str()), IFSelect_RetDone);
+        fs::current_path(before);
+        Interface_Static::SetCVal("xstep.cascade.unit", "MM");
+        Interface_Static::SetCVal("write.step.unit", "MM");
+        return file;
+    }
+};
+
+fs::path saveShape(const fs::path& file, const TopoDS_Shape& shape, const char* unit = "MM") {
+    StepMaker maker;
+    maker.part(u"Thing", shape);
+    return maker.save(file, unit);
+}
+
+Model read(const fs::path& file, const MeshingOptions& options = {}) {
+    Model model;
+    const ModelDocument* opened = readStepFile(file, options, model);
+    EXPECT_EQ(opened, model.documents.front().get());
+    return model;
+}
+
+std::string errorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ModelError& error) {
+        return error.what();
+    }
+    return "no error";
+}
+
+std::string errorOfReading(const fs::path& file) {
+    return errorOf([&] { read(file); });
+}
+
+const ModelDocument& documentTitled(const Model& model, std::u16string_view title) {
+    for (const auto& document : model.documents) {
+        if (document->title == title) {
+            return *document;
+        }
+    }
+    throw std::runtime_error("no document " + toSystemNarrow(title));
+}
+
+/// `name(children) -> document`, all levels.
+std::string treeOf(const std::vector<ComponentRecord>& components) {
+    std::string out;
+    for (const ComponentRecord& component : components) {
+        out += out.empty() ? "" : " ";
+        out += toSystemNarrow(component.name);
+        if (component.document->kind == DocumentKind::assembly) {
+            out += '(';
+            out += treeOf(component.document->components);
+            out += ')';
+        }
+    }
+    return out;
+}
+
+std::vector<std::string> bodyNames(const ModelDocument& part) {
+    std::vector<std::string> names;
+    for (const BodyRecord& body : part.bodies) {
+        names.push_back(toSystemNarrow(body.name));
+    }
+    return names;
+}
+
+struct BodyFacts {
+    double volume = 0; ///< by the divergence theorem: positive where the triangles are turned outward
+    std::array<double, 3> extent{}; ///< of the box
+    double worstNormal = 1;         ///< smallest cosine between a corner's normal and its triangle's
+    bool unitNormals = true;
+    std::size_t triangles = 0;
+};
+
+BodyFacts factsOf(const BodyRecord& body) {
+    BodyFacts facts;
+    std::array<double, 3> low{};
+    std::array<double, 3> high{};
+    low.fill(1e9);
+    high.fill(-1e9);
+    for (const FaceRecord& face : body.faces) {
+        EXPECT_EQ(face.normals.size(), face.positions.size());
+        EXPECT_EQ(face.texCoords.size() * 3, face.positions.size() * 2);
+        const auto vector = [](const std::vector<float>& numbers, std::size_t at) {
+            return gp_XYZ(static_cast<double>(numbers[at]), static_cast<double>(numbers[at + 1]),
+                          static_cast<double>(numbers[at + 2]));
+        };
+        for (std::size_t at = 0; at < face.positions.size(); at += 9) {
+            const gp_XYZ a = vector(face.positions, at);
+            const gp_XYZ b = vector(face.positions, at + 3);
+            const gp_XYZ c = vector(face.positions, at + 6);
+            const gp_XYZ plane = (b - a).Crossed(c - a).Normalized();
+            facts.volume += a.Dot(b.Crossed(c)) / 6;
+            ++facts.triangles;
+            for (std::size_t corner = 0; corner < 9; corner += 3) {
+                const gp_XYZ normal = vector(face.normals, at + corner);
+                facts.worstNormal = std::min(facts.worstNormal, normal.Dot(plane));
+                facts.unitNormals = facts.unitNormals && std::abs(normal.Modulus() - 1) < 1e-5;
+                for (std::size_t axis = 0; axis < 3; ++axis) {
+                    const auto value = static_cast<double>(face.positions[at + corner + axis]);
+                    low[axis] = std::min(low[axis], value);
+                    high[axis] = std::max(high[axis], value);
+                }
+            }
+        }
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        facts.extent[axis] = high[axis] - low[axis];
+    }
+    return facts;
+}
+
+/// `kind colour transparency entities`, one for each appearance.
+std::vector<std::string> looksOf(const ModelDocument& document) {
+    constexpr std::array<const char*, 5> kKinds = {"document", "body", "feature", "face", "component"};
+    std::vector<std::string> looks;
+    for (const AppearanceRecord& appearance : document.appearances) {
+        EXPECT_TRUE(appearance.hasAppliedTo);
+        std::ostringstream out;
+        out << kKinds.at(static_cast<std::size_t>(appearance.appliedTo.front().kind)) << ' ' << std::hex
+            << appearance.primaryColor << std::dec << ' ' << appearance.transparency;
+        for (const EntityRecord& entity : appearance.appliedTo) {
+            out << ' ' << entity.body << '/' << entity.face << toSystemNarrow(entity.component);
+        }
+        looks.push_back(out.str());
+    }
+    return looks;
+}
+
+TEST_F(StepReaderTest, ReadsTheExampleAsATreeOfSharedDocuments) {
+    const Model model = read(fs::path(ORVANE_SOURCE_DIR) / "examples" / "step" / "pulley_block.step");
+    const ModelDocument& block = *model.documents.front();
+    EXPECT_EQ(block.kind, DocumentKind::assembly);
+    EXPECT_EQ(block.title, u"pulley_block.step");
+    EXPECT_EQ(block.root.name, u"pulley_block");
+    EXPECT_EQ(treeOf(block.components),
+              "Base Plate Bearing Left(Housing Bushing) Bearing Right(Housing Bushing) Drive(Shaft Pulley) "
+              "Fastener(Bolt Washer) Fastener-1(Bolt Washer) Fastener-2(Bolt Washer) Fastener-3(Bolt Washer) "
+              "Guard Spare Washer");
+    std::vector<std::string> titles;
+    for (const auto& document : model.documents) {
+        titles.push_back(toSystemNarrow(document->title));
+        EXPECT_TRUE(document->path.starts_with(block.path));
+        ASSERT_EQ(document->configurations.size(), 1u);
+        EXPECT_EQ(document->configurations[0].displayStates.at(0).name, u"Display State 1");
+        for (const BodyRecord& body : document->bodies) {
+            const BodyFacts facts = factsOf(body);
+            EXPECT_GT(facts.volume, 0) << titles.back();
+            EXPECT_GT(facts.worstNormal, 0.9) << titles.back();
+            EXPECT_TRUE(facts.unitNormals) << titles.back();
+        }
+    }
+    EXPECT_THAT(titles,
+                ElementsAre("pulley_block.step", "Base Plate", "Bearing Unit", "Housing", "Bushing", "Drive",
+                            "Shaft", "Pulley", "Fastener", "Bolt M6x12", "Washer M6", "Guard"));
+    EXPECT_EQ(block.components[1].document, block.components[2].document);
+    EXPECT_EQ(block.components[9].document, &documentTitled(model, u"Washer M6"));
+    EXPECT_FALSE(block.components[1].components.has_value());
+    EXPECT_THAT(looksOf(block), ElementsAre("component 8000ff 0 -1/-1Spare Washer"));
+    EXPECT_THAT(looksOf(documentTitled(model, u"Base Plate")),
+                ElementsAre("document 6e5a46 0 -1/-1", "face 28c8fa 0 0/0"));
+    EXPECT_THAT(looksOf(documentTitled(model, u"Guard")), ElementsAre("document e6c896 0.65 -1/-1"));
+    EXPECT_THAT(model.warnings, IsEmpty());
+}
+
+TEST_F(StepReaderTest, GivesTheSameNumbersEachTime) {
+    const fs::path file = fs::path(ORVANE_SOURCE_DIR) / "examples" / "step" / "pulley_block.step";
+    const Model first = read(file);
+    const Model second = read(file);
+    ASSERT_EQ(first.documents.size(), second.documents.size());
+    for (std::size_t i = 0; i < first.documents.size(); ++i) {
+        for (std::size_t body = 0; body < first.documents[i]->bodies.size(); ++body) {
+            const auto& faces = first.documents[i]->bodies[body].faces;
+            for (std::size_t face = 0; face < faces.size(); ++face) {
+                const FaceRecord& other = second.documents[i]->bodies[body].faces[face];
+                EXPECT_EQ(faces[face].positions, other.positions);
+                EXPECT_EQ(faces[face].normals, other.normals);
+                EXPECT_EQ(faces[face].texCoords, other.texCoords);
+            }
+        }
+    }
+}
+
+TEST_F(StepReaderTest, ConvertsEveryUnitToMetres) {
+    const std::pair<const char*, double> kUnits[] = {{"MM", 0.001}, {"INCH", 0.0254}, {"M", 1}};
+    for (const auto& [unit, metres] : kUnits) {
+        const Model model = read(saveShape(folder / "box.step", box(2, 3, 4), unit));
+        const BodyFacts facts = factsOf(model.documents.front()->bodies.at(0));
+        EXPECT_NEAR(facts.extent[0], 2 * metres, 1e-6 * metres) << unit;
+        EXPECT_NEAR(facts.extent[2], 4 * metres, 1e-6 * metres) << unit;
+        // A plane's parameters are lengths.
+        float widest = 0;
+        for (const FaceRecord& face : model.documents.front()->bodies[0].faces) {
+            widest = std::max(widest, *std::ranges::max_element(face.texCoords));
+        }
+        EXPECT_NEAR(static_cast<double>(widest), 4 * metres, 1e-6 * metres) << unit;
+    }
+}
+
+TEST_F(StepReaderTest, TurnsTrianglesAndNormalsOutward) {
+    const double pi = std::numbers::pi;
+    const std::tuple<const char*, TopoDS_Shape, double> kSolids[] = {
+        {"box", box(20, 30, 40), 24000},
+        {"cylinder", BRepPrimAPI_MakeCylinder(10, 30).Shape(), pi * 3000},
+        {"sphere", BRepPrimAPI_MakeSphere(10).Shape(), pi * 4000 / 3},
+        {"cone", BRepPrimAPI_MakeCone(10, 0, 30).Shape(), pi * 1000},
+        {"torus", BRepPrimAPI_MakeTorus(20, 5).Shape(), 2 * pi * pi * 500},
+    };
+    for (const auto& [name, shape, volume] : kSolids) {
+        for (const TopoDS_Shape& turned : {shape, shape.Reversed()}) {
+            const Model model = read(saveShape(folder / "solid.step", turned));
+            const BodyFacts facts = factsOf(model.documents.front()->bodies.at(0));
+            EXPECT_NEAR(facts.volume * 1e9, volume, 0.02 * volume) << name;
+            EXPECT_GT(facts.worstNormal, 0.9) << name;
+            EXPECT_TRUE(facts.unitNormals) << name;
+        }
+    }
+}
+
+TEST_F(StepReaderTest, TakesNormalsFromTheSurfaceAlsoWhereItIsSingular) {
+    const Model model = read(saveShape(folder / "cone.step", BRepPrimAPI_MakeCone(30, 0, 40).Shape()));
+    std::size_t atApex = 0;
+    for (const FaceRecord& face : model.documents.front()->bodies.at(0).faces) {
+        for (std::size_t at = 0; at < face.positions.size(); at += 3) {
+            if (face.positions[at + 2] > 0.0399f) {
+                ++atApex;
+                EXPECT_NEAR(static_cast<double>(face.normals[at + 2]), 0.6, 1e-5); // all along a cone's line
+            }
+        }
+    }
+    EXPECT_GT(atApex, 10u);
+}
+
+TEST_F(StepReaderTest, LosesNothingThatIsNoSolid) {
+    const TopoDS_Shape shell = firstOf(box(1, 2, 3), TopAbs_SHELL);
+    const TopoDS_Shape face = firstOf(BRepPrimAPI_MakeCylinder(5, 5).Shape(), TopAbs_FACE);
+    const TopoDS_Shape edge = BRepBuilderAPI_MakeEdge(gp_Pnt(0, 0, 0), gp_Pnt(1, 1, 1)).Shape();
+
+    const Model mixed = read(
+        saveShape(folder / "mixed.step", compoundOf({shell.Moved(moved(50)), box(4, 4, 4), face, edge})));
+    std::vector<std::size_t> faces;
+    for (const auto& document : mixed.documents) {
+        for (const BodyRecord& body : document->bodies) {
+            EXPECT_EQ(body.kind, BodyKind::solid);
+            faces.push_back(body.faces.size());
+        }
+    }
+    EXPECT_THAT(faces, testing::UnorderedElementsAre(6, 6, 1));
+
+    const Model shells = read(saveShape(folder / "shells.step", compoundOf({shell, shell.Moved(moved(50))})));
+    EXPECT_THAT(bodyNames(*shells.documents.front()), ElementsAre("Body1", "Body2"));
+    const Model loose = read(saveShape(folder / "face.step", face));
+    EXPECT_EQ(loose.documents.front()->bodies.at(0).faces.size(), 1u);
+
+    const Model curves = read(saveShape(folder / "curves.step", compoundOf({edge})));
+    EXPECT_EQ(curves.documents.front()->kind, DocumentKind::part);
+    EXPECT_THAT(curves.documents.front()->bodies, IsEmpty());
+    EXPECT_THAT(curves.warnings, ElementsAre(HasSubstr("curves")));
+}
+
+TEST_F(StepReaderTest, MakesNamesUniqueAmongSiblings) {
+    StepMaker maker;
+    const TDF_Label root = maker.assembly(u"Root");
+    const TDF_Label nut = maker.part(u"Nut/M4", box(1, 1, 1));
+    const TDF_Label nameless = maker.part(u"", box(2, 2, 2));
+    const TDF_Label empty = maker.assembly(u"");
+    maker.place(empty, nut, u"Mutter \u00e4\u03a9", moved(1));
+    const std::pair<TDF_Label, const char16_t*> kInstances[] = {{nut, u"X"},     {nut, u"X"},  {nut, u"X-1"},
+                                                                {nut, u"X"},     {nut, u""},   {nut, u""},
+                                                                {nameless, u""}, {empty, u" "}};
+    double x = 0;
+    for (const auto& [product, name] : kInstances) {
+        maker.place(root, product, name, moved(x += 5));
+    }
+    const Model model = read(maker.save(folder / "names.step"));
+    EXPECT_EQ(treeOf(model.documents.front()->components),
+              "X X-2 X-1 X-3 Nut_M4 Nut_M4-1 Part Assembly(Mutter \u00e4\u03a9)");
+    EXPECT_TRUE(documentTitled(model, u"Nut/M4").path.ends_with(u"\\names.step\\Nut_M4"));
+}
+
+TEST_F(StepReaderTest, ChoosesTheNameThatAPersonGave) {
+    const std::array<std::u16string, 5> kCases[] = {
+        // description, name, id, product -> the instance's own name
+        {u"", u"Left", u"1", u"Bolt", u"Left"},
+        {u"Left", u"Next assembly relationship", u"1", u"Bolt", u"Left"},
+        {u"", u"", u"NAUO12", u"Bolt", u""},
+        {u"", u"NAUO12", u"12", u"Bolt", u""},
+        {u"", u"=>[0:1:1:2]", u"3", u"Bolt", u""},
+        {u"", u"", u"Bolt:2", u"Bolt", u"Bolt:2"},
+        {u"", u"NONE", u"42", u"", u""},
+    };
+    for (const auto& [description, name, id, product, expected] : kCases) {
+        EXPECT_EQ(instanceName(description, name, id, product), expected) << toSystemNarrow(id);
+    }
+    EXPECT_TRUE(isInventedProductName(u"Open CASCADE STEP translator 7.6 1.2"));
+    EXPECT_FALSE(isInventedProductName(u"Open CASCADE STEP translator"
+                                       u" box"));
+    EXPECT_EQ(fromStepText("  Gr\xC3\xB6\xC3\x9F\x65 "), u"Gr\u00f6\u00dfe");
+    EXPECT_EQ(fromStepText("Gr\xF6\xDF\x65"), u"Gr\u00f6\u00dfe"); // Latin-1
+    EXPECT_EQ(fromStepText("\xF0\x9F\x94\xA7"), u"\U0001F527");
+}
+
+TEST_F(StepReaderTest, NamesInstancesByTheirParentNotByTheirPlace) {
+    StepMaker maker;
+    const TDF_Label bolt = maker.part(u"Bolt", box(1, 1, 1));
+    const TDF_Label root = maker.assembly(u"Root");
+    for (const char16_t* name : {u"A", u"B"}) {
+        const TDF_Label unit = maker.assembly(name);
+        maker.place(unit, bolt, u"", gp_Trsf());
+        maker.place(root, unit, u"", moved(*name));
+    }
+    // The writer leaves these names out; other programs do not.
+    std::string text = contentOf(maker.save(folder / "parents.step"));
+    for (const char* name : {"in A", "in B"}) {
+        const std::size_t usage = text.find(",'','',", text.find("NEXT_ASSEMBLY_USAGE_OCCURRENCE"));
+        ASSERT_NE(usage, std::string::npos);
+        text.insert(usage + 2, name);
+    }
+    EXPECT_EQ(treeOf(read(write("parents.step", text)).documents.front()->components), "A(in A) B(in B)");
+}
+
+TEST_F(StepReaderTest, PlacesInstancesForRowVectors) {
+    StepMaker maker;
+    gp_Trsf turn;
+    turn.SetRotation(gp_Ax1(gp_Pnt(), gp::DZ()), std::numbers::pi / 2);
+    maker.place(maker.assembly(u"Root"), maker.part(u"Box", box(1, 1, 1)), u"Turned",
+                moved(10, 20, 30) * turn);
+    const Model model = read(maker.save(folder / "turned.step"));
+    const Placement placement = model.documents.front()->components.at(0).placement.value();
+    const Placement expected = {0, 1, 0, -1, 0, 0, 0, 0, 1, 0.01, 0.02, 0.03, 1, 0, 0, 0};
+    for (std::size_t i = 0; i < 16; ++i) {
+        EXPECT_NEAR(placement[i], expected[i], 1e-12) << i;
+    }
+}
+
+TEST_F(StepReaderTest, TakesColoursAsTheFileWritesThem) {
+    StepMaker maker;
+    const TopoDS_Shape first = box(1, 1, 1);
+    const TopoDS_Shape second = box(2, 2, 2).Moved(moved(5));
+    const TDF_Label part = maker.part(u"Two", compoundOf({first, second}));
+    maker.paint(part, 1, 2, 3);
+    maker.paint(maker.shapes->AddSubShape(part, second), 128, 64, 32, 0.25f);
+    TopExp_Explorer face(first, TopAbs_FACE);
+    maker.paint(maker.shapes->AddSubShape(part, face.Current()), 255, 0, 127);
+    face.Next();
+    face.Next();
+    maker.paint(maker.shapes->AddSubShape(part, face.Current()), 255, 0, 127);
+    const TDF_Label root = maker.assembly(u"Root");
+    maker.paint(maker.place(root, part, u"Painted", moved(9)), 10, 200, 30);
+    maker.place(root, part, u"Plain", moved(19));
+    const Model model = read(maker.save(folder / "colours.step"));
+    EXPECT_THAT(looksOf(*model.documents.front()), ElementsAre("component 1ec80a 0 -1/-1Painted"));
+    EXPECT_THAT(
+        looksOf(documentTitled(model, u"Two")),
+        testing::UnorderedElementsAre("body 30201 0 0/-1", "body 204080 0.75 1/-1", "face 7f00ff 0 0/0 0/2"));
+}
+
+TEST_F(StepReaderTest, ReadsTheFilesThatAFileRefersTo) {
+    StepMaker maker;
+    const TDF_Label root = maker.assembly(u"Root");
+    const TDF_Label plate = maker.part(u"Plate", box(10, 10, 1));
+    maker.place(root, plate, u"Lower", moved(0, 0, 1));
+    maker.place(root, plate, u"Upper", moved(0, 0, 9));
+    maker.place(root, maker.part(u"Pin", box(1, 1, 8)), u"Pin", moved(5));
+    const fs::path file = maker.save(folder / "master.step", "MM", "sub_");
+    ASSERT_TRUE(fs::exists(folder / "sub_Plate.stp"));
+    saveShape(folder / "sub_Plate.stp", box(2, 2, 1), "INCH");
+
+    const Model model = read(file);
+    EXPECT_EQ(treeOf(model.documents.front()->components), "Lower Upper Pin");
+    ASSERT_EQ(model.documents.size(), 3u);
+    const ModelDocument& read = *model.documents[1];
+    EXPECT_EQ(read.title, u"sub_Plate.stp");
+    EXPECT_TRUE(read.path.ends_with(u"\\sub_Plate.stp"));
+    EXPECT_NEAR(factsOf(read.bodies.at(0)).extent[0], 0.0508, 1e-7);
+    EXPECT_EQ(model.documents.front()->components[1].document, &read);
+
+    fs::remove(folder / "sub_Pin.stp");
+    EXPECT_THAT(errorOfReading(file),
+                testing::AllOf(HasSubstr("master.step"), HasSubstr("sub_Pin.stp, which is not there")));
+    fs::copy_file(file, folder / "sub_Pin.stp");
+    EXPECT_THAT(errorOfReading(file), HasSubstr("refers to itself"));
+}
+
+TEST_F(StepReaderTest, RefusesWhatIsNoReadableStepFile) {
+    const std::string good = contentOf(saveShape(folder / "good.step", box(1, 1, 1)));
+    const std::pair<std::string, const char*> kFiles[] = {
+        {"", "found an empty file, expected a STEP file, which begins with 'ISO-10303-21;'"},
+        {std::string("PK\3\4\0\0", 6), "found 'PK....', expected"},
+        {good.substr(0, good.size() / 2), "the file is cut off"},
+        {"ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n", "expected"},
+        {"ISO-10303-21;\nEND-ISO-10303-21;\n", "expected"},
+        {"ISO-10303-21;\n" + std::string(200000, '(') + "\nEND-ISO-10303-21;\n", "expected"},
+    };
+    for (const auto& [bytes, message] : kFiles) {
+        const std::string error = errorOfReading(write("bad.step", bytes));
+        EXPECT_THAT(error, testing::AllOf(HasSubstr("bad.step: "), HasSubstr(message)));
+        EXPECT_EQ(error.find('\n'), std::string::npos);
+    }
+    EXPECT_THAT(errorOfReading(folder / "none.step"), HasSubstr("found no file"));
+    EXPECT_THAT(errorOfReading(folder), HasSubstr("found no file"));
+}
+
+TEST_F(StepReaderTest, TellsOfStatementsThatItCannotRead) {
+    const std::string good = contentOf(saveShape(folder / "good.step", box(1, 1, 1)));
+    const Model model = read(write("hurt.step", replaced(good, "= PLANE('',#", "= PLANE('',,#")));
+    EXPECT_THAT(model.warnings, testing::Contains(HasSubstr("hurt.step: ")));
+}
+
+TEST_F(StepReaderTest, SurvivesProductsAndShapesThatHoldThemselves) {
+    StepMaker maker;
+    maker.place(maker.assembly(u"Root"), maker.part(u"Box", box(1, 1, 1)), u"It", moved(1));
+    const std::string text = contentOf(maker.save(folder / "cycle.step"));
+    const std::size_t usage = text.find(",'It','',#");
+    ASSERT_NE(usage, std::string::npos);
+    const std::size_t parent = text.find('#', usage);
+    const std::size_t comma = text.find(',', parent);
+    const std::string own = text.substr(parent, comma - parent);
+    std::string cycle = text;
+    cycle.replace(comma + 1, text.find(',', comma + 1) - comma - 1, own);
+    EXPECT_THAT(errorOfReading(write("cycle.step", cycle)), HasSubstr(own + " holds itself"));
+
+    const std::size_t surface = text.find("= PLANE(");
+    const std::size_t line = text.rfind('\n', surface) + 1;
+    const std::string number = text.substr(line, text.find(' ', line) - line);
+    std::string looped = text;
+    looped.replace(surface, text.find(';', surface) - surface, "= OFFSET_SURFACE(''," + number + ",1.,.F.)");
+    EXPECT_THAT(errorOfReading(write("cycle.step", looped)), HasSubstr(number + " holds itself"));
+}
+
+TEST_F(StepReaderTest, CountsComponentsWithoutExpandingThem) {
+    // 21 levels, each of them two of the next.
+    std::string text = contentOf(saveShape(folder / "box.step", box(1, 1, 1)));
+    std::string levels;
+    for (int level = 0; level <= 21; ++level) {
+        const std::string number = std::to_string(90000 + level);
+        levels += "#" + number + "=PRODUCT_DEFINITION('','',$,$);\n";
+        for (int usage = 1; usage <= 2 && level > 0; ++usage) {
+            levels += "#" + std::to_string(90000 + 100 * usage + level) +
+                      "=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#" + number + ",#" +
+                      std::to_string(90000 + level - 1) + ",$);\n";
+        }
+    }
+    text.insert(text.rfind("ENDSEC;"), levels);
+    EXPECT_THAT(errorOfReading(write("explode.step", text)), HasSubstr(" has more than 2000000 components"));
+}
+
+TEST_F(StepReaderTest, MeshesAsFinelyAsItIsAsked) {
+    const fs::path file = saveShape(folder / "ball.step", BRepPrimAPI_MakeSphere(100).Shape());
+    MeshingOptions fine;
+    fine.deflection = 0.00002;
+    const Model coarse = read(file);
+    const Model better = read(file, fine);
+    EXPECT_GT(factsOf(better.documents.front()->bodies.at(0)).triangles,
+              3 * factsOf(coarse.documents.front()->bodies.at(0)).triangles);
+}
+
+TEST_F(StepReaderTest, ReadsShapesAsFaces) {
+    StepMaker maker;
+    const TDF_Label root = maker.assembly(u"Root");
+    const TDF_Label cube = maker.part(u"Box", box(1, 1, 1));
+    maker.place(root, cube, u"one", moved(10));
+    maker.place(root, cube, u"two", moved(20));
+    std::vector<std::string> warnings;
+    BodyRecord body;
+    body.faces = readShapeFile(maker.save(folder / "shapes.STP"), {}, warnings);
+    EXPECT_EQ(body.faces.size(), 12u);
+    EXPECT_NEAR(factsOf(body).extent[0], 0.011, 1e-8); // from 10 to 21 mm: placed as in the file
+    EXPECT_THAT(errorOf([&] {
+                    const TopoDS_Shape edge =
+                        BRepBuilderAPI_MakeEdge(gp_Pnt(0, 0, 0), gp_Pnt(1, 1, 1)).Shape();
+                    readShapeFile(saveShape(folder / "edge.step", edge), {}, warnings);
+                }),
+                HasSubstr("found no face"));
+}
+
+TEST_F(StepReaderTest, ReadsStlFilesOfBothKinds) {
+    const std::string ascii =
+        "solid a name with words\n facet normal 0 0 0\n  outer loop\n   vertex 0 0 0\n"
+        "   vertex 2 0 0\n   VERTEX 0 +3.5e-1 0\n  endloop\n endfacet\nendsolid a\n"
+        "solid\nfacet normal nan nan nan\nouter loop\nvertex 1 1 1\nvertex 1 1 1\nvertex 0 0 0\n"
+        "endloop\nendfacet\nendsolid\n";
+    std::vector<std::string> warnings;
+    const auto faces = readShapeFile(write("a.stl", ascii), {}, warnings);
+    ASSERT_EQ(faces.size(), 1u);
+    EXPECT_THAT(faces[0].positions, ElementsAre(0, 0, 0, 2, 0, 0, 0, .35f, 0, 1, 1, 1, 1, 1, 1, 0, 0, 0));
+    EXPECT_THAT(faces[0].normals, ElementsAre(0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+    EXPECT_THAT(faces[0].texCoords, IsEmpty());
+
+    std::string binary = "solid, which this is not" + std::string(56, ' ') + std::string("\1\0\0\0", 4);
+    for (const float number : {0.f, 0.f, 0.f, 0.f, 0.f, 0.f, 0.f, 4.f, 0.f, 0.f, 0.f, 4.f}) {
+        binary.append(reinterpret_cast<const char*>(&number),
+                      4); // as on the little-endian machines of the tests
+    }
+    binary += std::string(2, '\0');
+    EXPECT_THAT(readShapeFile(write("b.STL", binary), {}, warnings)[0].normals,
+                ElementsAre(1, 0, 0, 1, 0, 0, 1, 0, 0));
+
+    const std::pair<std::string, const char*> kBad[] = {
+        {"", "expected an STL file"},
+        {"solid\nendsolid\n", "found no triangle"},
+        {"solid\nfacet normal 0 0 1\nouter loop\nvertex 0 x 0\n", "line 4: found 'x', expected a number"},
+        {"solid\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\n",
+         "found the end of the file, expected vertex"},
+        {binary.substr(0, binary.size() - 20).replace(0, 5, "SHELL"),
+         "expected 134 by the number of triangles"},
+    };
+    for (const auto& [bytes, message] : kBad) {
+        EXPECT_THAT(errorOf([&] { readShapeFile(write("c.stl", bytes), {}, warnings); }), HasSubstr(message));
+    }
+}
+
+} // namespace
+} // namespace orvane
