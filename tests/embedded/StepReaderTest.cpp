@@ -448,7 +448,7 @@ TEST_F(StepReaderTest, NamesInstancesByTheirParentNotByTheirPlace) {
     for (const char16_t* name : {u"A", u"B"}) {
         const TDF_Label unit = maker.assembly(name);
         maker.place(unit, bolt, u"", gp_Trsf());
-        maker.place(root, unit, u"", moved(*name));
+        maker.place(root, unit, name, moved(*name));
     }
     // The writer leaves these names out; other programs do not.
     std::string text = contentOf(maker.save(folder / "parents.step"));

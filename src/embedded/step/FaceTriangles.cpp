@@ -22,8 +22,8 @@ namespace {
 // places to some ten digits, and beyond a cone's apex the normal points the other way.
 constexpr double kSingular = 1e-6;
 
-// How far from a singular corner towards its triangle's middle the normal is taken, as a share of the way;
-// and what is singular there.
+// How far from a singular corner into its triangle the normal is taken, as a share of the way; and what is
+// singular there.
 constexpr double kNudge = 1e-3;
 constexpr double kSingularNudged = 1e-12;
 
@@ -85,11 +85,32 @@ public:
         if (const auto& normal = normals_[static_cast<std::size_t>(node - 1)]; normal) {
             return normal;
         }
+        // All triangles around an apex share one node, so that one of its parameters says nothing: the one
+        // along which the surface does not move there. It is taken from the other corners.
         const gp_XY corner = mesh_->UVNode(node).XY();
-        const gp_XY middle = (mesh_->UVNode(triangle[0]).XY() + mesh_->UVNode(triangle[1]).XY() +
-                              mesh_->UVNode(triangle[2]).XY()) /
-                             3;
-        return placedNormal(corner + (middle - corner) * kNudge, kSingularNudged);
+        gp_XY others;
+        int count = 0;
+        for (const Standard_Integer other : triangle) {
+            if (normals_[static_cast<std::size_t>(other - 1)]) {
+                others += mesh_->UVNode(other).XY();
+                ++count;
+            }
+        }
+        if (count == 0) {
+            return std::nullopt;
+        }
+        others /= count;
+        gp_Pnt point;
+        gp_Vec alongU;
+        gp_Vec alongV;
+        surface_->D1(corner.X(), corner.Y(), point, alongU, alongV);
+        gp_XY nearby = corner + (others - corner) * kNudge;
+        if (alongU.SquareMagnitude() < alongV.SquareMagnitude()) {
+            nearby.SetX(others.X());
+        } else {
+            nearby.SetY(others.Y());
+        }
+        return placedNormal(nearby, kSingularNudged);
     }
 
     gp_XY textureCoordinates(Standard_Integer node) const {

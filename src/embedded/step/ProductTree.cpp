@@ -49,7 +49,7 @@ Value valueOr(const LabelMap<Value>& values, const TDF_Label& label, const Value
 }
 
 std::u16string productName(const StepDocument& step, const TDF_Label& product) {
-    const bool assembly = XCAFDoc_ShapeTool::IsAssembly(product);
+    const bool assembly = valueOr(step.assemblies, product, false);
     return valueOr<std::u16string>(step.productNames, product, assembly ? u"Assembly" : u"Part");
 }
 
@@ -128,7 +128,7 @@ const ModelDocument* ProductTree::readRoots(File& file) {
     if (oneProduct && !file.step.externalFiles.IsBound(roots.First())) {
         ModelDocument& document = addDocument(file.path, file.title);
         file.documents.Bind(roots.First(), &document);
-        if (XCAFDoc_ShapeTool::IsAssembly(roots.First())) {
+        if (valueOr(file.step.assemblies, roots.First(), false)) {
             TDF_LabelSequence instances;
             XCAFDoc_ShapeTool::GetComponents(roots.First(), instances);
             fillAssembly(file, instances, document);
@@ -160,7 +160,7 @@ const ModelDocument* ProductTree::documentOf(File& file, const TDF_Label& produc
     ModelDocument& document = addDocument(file.path + u'\\' + file.documentNames.take(name), name);
     document.root.name = name; // a product's name has no extension
     file.documents.Bind(product, &document);
-    if (XCAFDoc_ShapeTool::IsAssembly(product)) {
+    if (valueOr(file.step.assemblies, product, false)) {
         TDF_LabelSequence instances;
         XCAFDoc_ShapeTool::GetComponents(product, instances);
         fillAssembly(file, instances, document);

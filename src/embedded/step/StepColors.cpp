@@ -2,10 +2,12 @@
 
 #include <Quantity_ColorRGBA.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopLoc_Location.hxx>
 #include <TopTools_ShapeMapHasher.hxx>
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace orvane {
 
@@ -107,6 +109,32 @@ private:
     NCollection_DataMap<TopoDS_Shape, std::vector<EntityRecord>, TopTools_ShapeMapHasher> faces_;
 };
 
+struct Piece {
+    TDF_Label label;
+    TopoDS_Shape shape; ///< where it lies in the part
+};
+
+// The pieces of a part that may have a look of their own, the outer ones first: a part of several
+// representations is one label for each.
+void collectPieces(const TDF_Label& label, const TopLoc_Location& location, std::vector<Piece>& pieces) {
+    TDF_LabelSequence labels;
+    XCAFDoc_ShapeTool::GetSubShapes(label, labels);
+    for (const TDF_Label& piece : labels) {
+        pieces.push_back({piece, XCAFDoc_ShapeTool::GetShape(piece).Moved(location)});
+    }
+    labels.Clear();
+    XCAFDoc_ShapeTool::GetComponents(label, labels);
+    for (const TDF_Label& component : labels) {
+        TDF_Label referred;
+        if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
+            const TopoDS_Shape shape = XCAFDoc_ShapeTool::GetShape(component).Moved(location);
+            pieces.push_back({component, shape});
+            pieces.push_back({referred, shape});
+            collectPieces(referred, shape.Location(), pieces);
+        }
+    }
+}
+
 } // namespace
 
 void addPartLook(const StepDocument& step, const TDF_Label& product, const PartMesh& mesh,
@@ -119,20 +147,21 @@ void addPartLook(const StepDocument& step, const TDF_Label& product, const PartM
             body.visible = false;
         }
     }
-    TDF_LabelSequence pieces;
-    XCAFDoc_ShapeTool::GetSubShapes(product, pieces);
-    if (pieces.IsEmpty()) {
+    std::vector<Piece> pieces;
+    collectPieces(product, TopLoc_Location(), pieces);
+    if (pieces.empty()) {
         return;
     }
     const EntityFinder finder(mesh);
-    for (const TDF_Label& piece : pieces) {
-        const std::optional<Look> look = lookOf(step, piece);
-        const bool visible = step.colors->IsVisible(piece);
+    std::set<std::pair<std::int32_t, std::int32_t>> painted;
+    for (const Piece& piece : pieces) {
+        const std::optional<Look> look = lookOf(step, piece.label);
+        const bool visible = step.colors->IsVisible(piece.label);
         if (!look && visible) {
             continue;
         }
-        for (const EntityRecord& entity : finder.find(XCAFDoc_ShapeTool::GetShape(piece))) {
-            if (look) {
+        for (const EntityRecord& entity : finder.find(piece.shape)) {
+            if (look && painted.emplace(entity.body, entity.face).second) {
                 apply(*look, entity, part);
             }
             if (!visible && entity.kind == EntityKind::body) {

@@ -72,10 +72,9 @@ private:
 };
 
 // Of product definitions that share a shape, the first names it.
-void readProductName(const Handle(StepBasic_ProductDefinition) & definition, const TransferResult& result,
+void readProductName(const Handle(StepBasic_ProductDefinition) & definition, const TDF_Label& label,
                      StepDocument& step) {
-    const TDF_Label label = result.labelOf(result.shapeOf(definition));
-    if (label.IsNull() || step.productNames.IsBound(label) || definition->Formation().IsNull() ||
+    if (step.productNames.IsBound(label) || definition->Formation().IsNull() ||
         definition->Formation()->OfProduct().IsNull()) {
         return;
     }
@@ -125,14 +124,39 @@ void readInstanceName(const Handle(StepRepr_NextAssemblyUsageOccurrence) & usage
     }
 }
 
-void readNames(const STEPCAFControl_Reader& reader, StepDocument& step) {
+// The kernel also takes for an assembly what is one product with several representations: solids in one,
+// surfaces in another. A real one has a product somewhere below it.
+bool findAssemblies(const TDF_Label& label, const LabelMap<bool>& products, StepDocument& step) {
+    if (const bool* known = step.assemblies.Seek(label)) {
+        return *known;
+    }
+    bool assembly = false;
+    TDF_LabelSequence components;
+    XCAFDoc_ShapeTool::GetComponents(label, components);
+    for (const TDF_Label& component : components) {
+        TDF_Label referred;
+        if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
+            const bool below = findAssemblies(referred, products, step);
+            assembly = assembly || below || products.IsBound(referred);
+        }
+    }
+    step.assemblies.Bind(label, assembly);
+    return assembly;
+}
+
+void readProducts(const STEPCAFControl_Reader& reader, StepDocument& step) {
     const TransferResult result(reader);
     const Handle(Interface_InterfaceModel)& model = reader.Reader().WS()->Model();
+    LabelMap<bool> products;
     for (Standard_Integer i = 1; i <= model->NbEntities(); ++i) {
         const Handle(Standard_Transient) entity = model->Value(i);
         if (const auto definition = Handle(StepBasic_ProductDefinition)::DownCast(entity);
             !definition.IsNull()) {
-            readProductName(definition, result, step);
+            const TDF_Label label = result.labelOf(result.shapeOf(definition));
+            if (!label.IsNull()) {
+                products.Bind(label, true);
+                readProductName(definition, label, step);
+            }
         } else if (entity->IsKind(STANDARD_TYPE(StepShape_SolidModel)) ||
                    entity->IsKind(STANDARD_TYPE(StepShape_ShellBasedSurfaceModel))) {
             const std::u16string name = textOf(Handle(StepRepr_RepresentationItem)::DownCast(entity)->Name());
@@ -148,6 +172,11 @@ void readNames(const STEPCAFControl_Reader& reader, StepDocument& step) {
         if (!usage.IsNull()) {
             readInstanceName(usage, result, unnamed, step);
         }
+    }
+    TDF_LabelSequence labels;
+    step.shapes->GetShapes(labels);
+    for (const TDF_Label& label : labels) {
+        findAssemblies(label, products, step);
     }
 }
 
@@ -228,7 +257,7 @@ StepDocument loadStepDocument(const std::filesystem::path& file, std::vector<std
     if (!reader.Transfer(step.document)) {
         throw ModelError(file.string() + ": found no shape, expected at least one product with a shape");
     }
-    readNames(reader, step);
+    readProducts(reader, step);
     assignExternalFiles(references, reader, step, warnings);
     step.shapes->GetFreeShapes(step.roots);
     return step;

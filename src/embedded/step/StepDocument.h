@@ -28,6 +28,7 @@ struct StepDocument {
     Handle(XCAFDoc_ShapeTool) shapes;
     Handle(XCAFDoc_ColorTool) colors;
     TDF_LabelSequence roots;                ///< products that no other product of the file uses
+    LabelMap<bool> assemblies;              ///< whether a product is made of others; else it is one part
     LabelMap<std::u16string> productNames;  ///< absent: nameless
     LabelMap<std::u16string> instanceNames; ///< absent: not named itself
     LabelMap<std::filesystem::path>
