@@ -75,12 +75,16 @@ std::u16string COrvaneExporter::defaultDocumentTitle() {
 }
 
 ExportTarget COrvaneExporter::plannedTarget() {
-    const bool isNamedByTitle = request_.saveAsPath.empty() && request_.exportPath.empty();
-    const ExportTarget target = resolveTarget(request_, options_, toAsciiName(defaultDocumentTitle()));
-    if (isNamedByTitle && fileNameFault(target.fileName + kLongestExtension)) {
-        return resolveTarget(request_, options_, kNameWithoutTitle);
+    return resolveTarget(request_, options_, titleFault() ? kNameWithoutTitle : toAsciiName(defaultDocumentTitle()));
+}
+
+/// Why the system takes no file of the title's name; nothing when it does, or when the request has a path.
+std::optional<std::string> COrvaneExporter::titleFault() {
+    if (!request_.saveAsPath.empty() || !request_.exportPath.empty()) {
+        return std::nullopt;
     }
-    return target;
+    const ExportTarget target = resolveTarget(request_, options_, toAsciiName(defaultDocumentTitle()));
+    return fileNameFault(target.fileName + kLongestExtension);
 }
 
 bool COrvaneExporter::mayReplace(const ExportTarget& target) {
@@ -135,8 +139,11 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc) {
         report_.errors.push_back(nativePath(target.file()) + " already exists");
         return;
     }
-    if (const auto fault = fileNameFault(target.fileName + kLongestExtension)) {
-        report_.errors.push_back("the file name " + target.fileName.substr(0, 40) + "... " + *fault +
+    if (const auto fault = titleFault()) {
+        report_.warnings.push_back("the title is no file name, since it " + *fault + "; the result is named " +
+                                   kNameWithoutTitle);
+    } else if (const auto nameFault = fileNameFault(target.fileName + kLongestExtension)) {
+        report_.errors.push_back("the file name " + target.fileName.substr(0, 40) + "... " + *nameFault +
                                  "; choose a shorter one");
         return;
     }

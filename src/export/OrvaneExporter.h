@@ -12,6 +12,7 @@
 #include "platform/WaitCursor.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace orvane {
@@ -62,6 +63,7 @@ public:
 
 private:
     void onSaveAs(const std::u16string& path, const std::string& first, const std::string& second);
+    std::optional<std::string> titleFault();
     bool mayReplace(const ExportTarget& target);
     void exportDocument(const HostRef<HostModelDoc>& modelDoc);
     void exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);

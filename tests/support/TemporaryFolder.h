@@ -1,24 +1,24 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 
 namespace orvane {
 
-/// A folder of its own for one test, gone with the object.
+/// A folder of its own for one test, gone with the object. Its name is in lower case, as the host's save callbacks make
+/// every path.
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "orvane-test-XXXXXX").string();
-        if (!mkdtemp(name.data())) {
-            throw std::runtime_error("no temporary folder");
-        }
-        path_ = name;
+        static int count = 0;
+        const std::string name = "orvane-test-" + std::to_string(getpid()) + "-" + std::to_string(++count);
+        path_ = std::filesystem::temp_directory_path() / name;
+        std::filesystem::create_directory(path_);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
