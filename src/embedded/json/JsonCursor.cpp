@@ -141,7 +141,8 @@ void JsonCursor::numbers(std::span<double> out) const {
 std::vector<double> JsonCursor::floatNumbers(std::size_t step) const {
     const std::size_t count = listSize();
     if (count % step != 0) {
-        fail(std::to_string(count) + " numbers", "a multiple of " + std::to_string(step));
+        fail(std::to_string(count) + (count == 1 ? " number" : " numbers"),
+             "a multiple of " + std::to_string(step));
     }
     std::vector<double> out(count);
     for (std::size_t i = 0; i < count; ++i) {
