@@ -3,9 +3,10 @@ include(CMakePackageConfigHelpers)
 # The core library, with which another host can be connected: find_package(Orvane), then link Orvane::core.
 install(TARGETS orvane_core EXPORT OrvaneTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 set_target_properties(orvane_core PROPERTIES EXPORT_NAME core)
-foreach(room platform host document geometry export)
-    install(DIRECTORY src/${room} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvane FILES_MATCHING PATTERN "*.h")
-endforeach()
+install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvane FILES_MATCHING PATTERN "*.h"
+    PATTERN embedded EXCLUDE
+    PATTERN cli EXCLUDE
+    PATTERN addin EXCLUDE)
 install(EXPORT OrvaneTargets NAMESPACE Orvane:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane
     FILE OrvaneConfig.cmake)
 write_basic_package_version_file(OrvaneConfigVersion.cmake COMPATIBILITY SameMajorVersion)

@@ -1,0 +1,106 @@
+// Exports every example as .gltf and as .glb and lets the glTF validator judge the results.
+// Usage: node validate.mjs ORVANE EXAMPLES_FOLDER VALIDATOR_FOLDER (the one that holds node_modules)
+
+import { execFileSync } from 'node:child_process';
+import { mkdtempSync, readdirSync, readFileSync, rmSync } from 'node:fs';
+import { createRequire } from 'node:module';
+import { tmpdir } from 'node:os';
+import path from 'node:path';
+
+// Where the required format departs from what the validator takes, and why. An issue passes only when it is of one of
+// these codes, at a pointer and with a message of the given form. Each has to occur in some example.
+const deviations = [
+    {
+        code: 'INVALID_EXTENSION_NAME_FORMAT',
+        pointer: /^\/extensionsUsed\/1$/,
+        reason: 'Tessaforge_custom_properties has no upper-case prefix; readers look for exactly this name',
+    },
+    {
+        code: 'UNSUPPORTED_EXTENSION',
+        pointer: /^\/extensionsUsed\/1$/,
+        reason: 'Tessaforge_custom_properties is not registered, and every file names it',
+    },
+    {
+        code: 'UNDECLARED_EXTENSION',
+        pointer: /\/extensions\/TF_display_states$/,
+        reason: 'extensionsUsed always holds the same two names, and this is not one of them',
+    },
+    {
+        code: 'UNUSED_OBJECT',
+        pointer: /\/attributes\/TEXCOORD_0$/,
+        reason: 'every primitive has texture coordinates, also where its material has no texture',
+    },
+    {
+        code: 'NODE_EMPTY',
+        pointer: /^\/nodes\/\d+$/,
+        reason: 'a component that is hidden, suppressed or without geometry stays as a node',
+    },
+    {
+        code: 'ACCESSOR_MAX_MISMATCH',
+        message: /^Declared maximum value for this component \(1\.1754943508222875e-38\) does not match actual maximum \((-.*|0)\)/,
+        reason: 'largest values start at the smallest positive float, which stays where no coordinate is above 0',
+    },
+];
+
+const [orvane, examplesFolder, validatorFolder] = process.argv.slice(2).map((name) => path.resolve(name));
+const validator = createRequire(path.join(validatorFolder, 'package.json'))('gltf-validator');
+
+const examples = readdirSync(examplesFolder, { recursive: true, withFileTypes: true })
+    .filter((entry) => entry.isFile() && /\.(tfgprt|tfgasm|step|stp)$/i.test(entry.name))
+    .map((entry) => path.join(entry.parentPath ?? entry.path, entry.name))
+    .sort();
+
+function validate(file) {
+    return validator.validateBytes(new Uint8Array(readFileSync(file)), {
+        uri: path.basename(file),
+        maxIssues: 0, // no limit
+        externalResourceFunction: async (uri) =>
+            new Uint8Array(readFileSync(path.join(path.dirname(file), decodeURIComponent(uri)))),
+    });
+}
+
+const faults = [];
+const seen = new Set();
+
+async function judge(example, output) {
+    const name = `${path.relative(examplesFolder, example)} as ${path.extname(output)}`;
+    const written = execFileSync(orvane, ['export', example, '-o', output], { encoding: 'utf8' }).trim();
+    const { issues, info } = await validate(written);
+    for (const issue of issues.messages) {
+        const deviation = deviations.find(
+            ({ code, pointer = /^/, message = /^/ }) =>
+                code === issue.code && pointer.test(issue.pointer ?? '') && message.test(issue.message),
+        );
+        if (deviation) {
+            seen.add(deviation);
+        } else {
+            faults.push(`${name}: ${issue.code} at ${issue.pointer ?? `offset ${issue.offset}`}: ${issue.message}`);
+        }
+    }
+    if (!(info?.totalTriangleCount > 0)) {
+        faults.push(`${name}: no triangles`);
+    }
+    console.log(`${name}: ${info?.totalTriangleCount} triangles, ${issues.messages.length} remarks`);
+}
+
+const folder = mkdtempSync(path.join(tmpdir(), 'orvane-validator-'));
+try {
+    for (const [number, example] of examples.entries()) {
+        for (const extension of ['gltf', 'glb']) {
+            await judge(example, path.join(folder, `${number}.${extension}`));
+        }
+    }
+} finally {
+    rmSync(folder, { recursive: true });
+}
+
+if (examples.length === 0) {
+    faults.push(`no examples in ${examplesFolder}`);
+}
+for (const deviation of deviations.filter((each) => !seen.has(each))) {
+    faults.push(`the deviation ${deviation.code} occurs in no example`);
+}
+for (const fault of faults) {
+    console.error(fault);
+}
+process.exitCode = faults.length > 0 ? 1 : 0;
