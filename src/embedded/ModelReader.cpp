@@ -1,7 +1,7 @@
 #include "embedded/ModelReader.h"
 
-#include "embedded/InstanceTree.h"
 #include "embedded/HostPath.h"
+#include "embedded/InstanceTree.h"
 #include "embedded/ModelError.h"
 #include "embedded/json/DocumentContext.h"
 #include "embedded/json/DocumentJson.h"
