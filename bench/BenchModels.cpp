@@ -1,0 +1,95 @@
+#include "BenchModels.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace orvane {
+
+namespace {
+
+std::u16string numbered(const char16_t* name, std::size_t number) {
+    const std::string digits = std::to_string(number);
+    return name + std::u16string(digits.begin(), digits.end());
+}
+
+ModelDocument& addDocument(Model& model, DocumentKind kind, const std::u16string& title) {
+    ModelDocument& document = *model.documents.emplace_back(std::make_unique<ModelDocument>());
+    document.kind = kind;
+    document.title = title;
+    document.path = u"\\models\\" + title;
+    document.root.name = title;
+    document.configurations.resize(1);
+    document.configurations[0].name = u"Default";
+    document.configurations[0].displayStates.resize(1);
+    document.configurations[0].displayStates[0].name = u"Display State 1";
+    return document;
+}
+
+ModelDocument& addPart(Model& model, std::size_t triangles) {
+    ModelDocument& part = addDocument(model, DocumentKind::part, u"part.tfgprt");
+    part.bodies.resize(1);
+    FaceRecord& face = part.bodies[0].faces.emplace_back();
+    face.positions.resize(9 * triangles);
+    face.normals.resize(9 * triangles);
+    face.texCoords.resize(6 * triangles);
+    for (std::size_t i = 0; i < face.positions.size(); ++i) {
+        face.positions[i] = static_cast<float>((i * 7919) % 10'007) * 0.001f;
+        face.normals[i] = i % 3 == 2 ? 1.0f : 0.0f;
+    }
+    return part;
+}
+
+ComponentRecord placed(std::u16string name, const ModelDocument& document, std::size_t number) {
+    ComponentRecord component;
+    component.name = std::move(name);
+    component.document = &document;
+    component.placement = kIdentityPlacement;
+    (*component.placement)[9] = static_cast<double>(number) * 0.01;
+    (*component.placement)[10] = static_cast<double>(number % 97) * 0.013;
+    return component;
+}
+
+} // namespace
+
+Model singlePart(std::size_t triangles) {
+    Model model;
+    addPart(model, triangles);
+    return model;
+}
+
+Model flatAssembly(std::size_t components, std::size_t triangles, bool equalNames) {
+    Model model;
+    ModelDocument& assembly = addDocument(model, DocumentKind::assembly, u"flat.tfgasm");
+    const ModelDocument& part = addPart(model, triangles);
+    for (std::size_t i = 0; i < components; ++i) {
+        assembly.components.push_back(placed(equalNames ? u"bolt" : numbered(u"part-", i), part, i));
+    }
+    return model;
+}
+
+Model nestedAssembly(std::size_t components) {
+    Model model;
+    ModelDocument& assembly = addDocument(model, DocumentKind::assembly, u"nested.tfgasm");
+    ModelDocument& group = addDocument(model, DocumentKind::assembly, u"group.tfgasm");
+    const ModelDocument& part = addPart(model, 1);
+    for (std::size_t i = 0; i < 9; ++i) {
+        group.components.push_back(placed(numbered(u"part-", i), part, i));
+    }
+    for (std::size_t i = 0; i < components / 10; ++i) {
+        assembly.components.push_back(placed(numbered(u"group-", i), group, i));
+    }
+    return model;
+}
+
+Model configuredAssembly(std::size_t components, std::size_t configurations) {
+    Model model = flatAssembly(components, 1);
+    std::vector<ConfigurationRecord>& list = model.documents.front()->configurations;
+    list.resize(configurations, list.front());
+    for (std::size_t i = 0; i < configurations; ++i) {
+        list[i].name = numbered(u"Size ", i);
+    }
+    return model;
+}
+
+} // namespace orvane
