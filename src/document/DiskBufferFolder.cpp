@@ -15,7 +15,7 @@ DiskBufferFolder::~DiskBufferFolder() {
 
 bool DiskBufferFolder::contains(const std::string& name) const { return canOpenForReading(joinPath(folder_, name)); }
 
-void DiskBufferFolder::write(const std::string& name, std::span<const Bytes> pieces) {
+void DiskBufferFolder::write(const std::string& name, BufferContent content) {
     if (report_.hasFailed()) {
         return;
     }
@@ -24,7 +24,7 @@ void DiskBufferFolder::write(const std::string& name, std::span<const Bytes> pie
     if (file.isGood()) {
         written_.push_back(path);
     }
-    file.write(pieces);
+    file.write(content.pieces);
     if (!file.close()) {
         report_.errors.push_back(nativePath(path) + " " + file.error());
     }

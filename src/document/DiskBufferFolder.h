@@ -18,7 +18,7 @@ public:
     ~DiskBufferFolder() override;
 
     bool contains(const std::string& name) const override;
-    void write(const std::string& name, std::span<const Bytes> pieces) override;
+    void write(const std::string& name, BufferContent content) override;
     bool showsNames() const override { return true; }
 
     /// Lets the files stay that were written so far.

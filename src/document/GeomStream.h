@@ -13,7 +13,7 @@ namespace orvane {
 /// A growing array of floats in blocks that never move: growing copies nothing, and takes no more memory than it gives.
 class FloatBlocks {
 public:
-    /// Appends `count` zeros that lie behind one another in memory, to be filled in place.
+    /// Appends `count` floats of any value that lie behind one another in memory, to be filled in place.
     std::span<float> grow(std::size_t count);
     std::size_t size() const { return size_; }
     std::size_t blockCount() const { return blocks_.size(); }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <utility>
 
 namespace orvane {
 
@@ -179,28 +180,27 @@ void writeMeshBuffers(GltfDocument& document, GltfNode& node, GeomStreams& strea
         build.views[region] = static_cast<std::int32_t>(document.bufferViews.size()) - 1;
     }
 
+    BufferContent content{std::move(streams), {}};
+    streams.clear();
     std::vector<Bytes> indexPieces;
-    addPrimitives(build, streams, target.limitPrimitiveSize ? kMostTriangles : kAnyTriangles, indexPieces);
-
-    std::vector<Bytes> pieces;
+    addPrimitives(build, content.streams, target.limitPrimitiveSize ? kMostTriangles : kAnyTriangles, indexPieces);
     for (const auto region : {&GeomStream::positions, &GeomStream::normals, &GeomStream::texCoords}) {
-        for (const auto& [material, stream] : streams) {
-            appendPieces(pieces, stream.*region);
+        for (const auto& [material, stream] : content.streams) {
+            appendPieces(content.pieces, stream.*region);
         }
     }
-    pieces.insert(pieces.end(), indexPieces.begin(), indexPieces.end());
+    content.pieces.insert(content.pieces.end(), indexPieces.begin(), indexPieces.end());
 
     static constexpr std::array<std::byte, 3> kZeros{};
     const std::int64_t length = layOutViews(document, build);
     const std::int64_t padding = (4 - length % 4) % 4;
-    pieces.push_back(Bytes(kZeros).first(static_cast<std::size_t>(padding)));
+    content.pieces.push_back(Bytes(kZeros).first(static_cast<std::size_t>(padding)));
     buffer.byteLength = length + padding;
 
     std::string name = node.name + ".bin";
     fileSafeName(name);
     buffer.uri = target.names.claim(name, buffer.index, target.folder, target.report);
-    target.folder.write(buffer.uri, pieces);
-    streams.clear();
+    target.folder.write(buffer.uri, std::move(content));
 }
 
 } // namespace orvane

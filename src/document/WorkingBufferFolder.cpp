@@ -1,19 +1,54 @@
 #include "document/WorkingBufferFolder.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace orvane {
+
+namespace {
+
+/// Enough for the system to write at full speed.
+constexpr std::int64_t kMostHeld = std::int64_t{4} << 20;
+
+std::int64_t sizeOf(const BufferContent& content) {
+    std::size_t size = 0;
+    for (const Bytes piece : content.pieces) {
+        size += piece.size();
+    }
+    return static_cast<std::int64_t>(size);
+}
+
+} // namespace
 
 WorkingBufferFolder::WorkingBufferFolder(const std::string& folder, ExportReport& report)
     : folder_(folder), report_(report), file_(OutputFile::createNameless(folder)) {
     reportFault();
 }
 
-void WorkingBufferFolder::write(const std::string& name, std::span<const Bytes> pieces) {
+void WorkingBufferFolder::write(const std::string& name, BufferContent content) {
     if (report_.hasFailed()) {
         return;
     }
-    const std::int64_t start = file_.position();
+    const std::int64_t size = sizeOf(content);
+    ranges_[name] = {file_.position() + heldSize_, size};
+    heldSize_ += size;
+    held_.push_back(std::move(content));
+}
+
+void WorkingBufferFolder::settle() {
+    if (heldSize_ > kMostHeld) {
+        writeHeld();
+    }
+}
+
+void WorkingBufferFolder::writeHeld() {
+    std::vector<Bytes> pieces;
+    for (const BufferContent& content : held_) {
+        pieces.insert(pieces.end(), content.pieces.begin(), content.pieces.end());
+    }
     file_.write(pieces);
-    ranges_[name] = {start, file_.position() - start};
+    held_.clear();
+    heldSize_ = 0;
     reportFault();
 }
 
@@ -23,10 +58,25 @@ std::optional<FileRange> WorkingBufferFolder::find(const std::string& name) cons
 }
 
 std::optional<FileRange> WorkingBufferFolder::appendFile(const std::string& path) {
+    writeHeld();
     const std::int64_t start = file_.position();
     const std::optional<std::int64_t> length = file_.appendFile(path);
     reportFault();
     return length ? std::optional(FileRange{start, *length}) : std::nullopt;
+}
+
+void WorkingBufferFolder::copyTo(OutputFile& target, const FileRange& range) const {
+    const std::int64_t end = range.offset + range.length;
+    if (range.offset < file_.position()) {
+        target.append(file_, range.offset, std::min(end, file_.position()) - range.offset);
+    }
+    std::int64_t at = file_.position();
+    for (const BufferContent& content : held_) {
+        if (at >= range.offset && at < end) {
+            target.write(content.pieces);
+        }
+        at += sizeOf(content);
+    }
 }
 
 void WorkingBufferFolder::reportFault() {

@@ -16,14 +16,12 @@ public:
     void faceTriangleCount(std::int32_t& count) const override {
         count = static_cast<std::int32_t>(record_.positions.size() / 9);
     }
-    void faceTrianglePositions(bool, std::span<float> positions) const override { fill(record_.positions, positions); }
-    void faceTriangleNormals(std::span<float> normals) const override { fill(record_.normals, normals); }
-    void faceTriangleTexCoords(std::span<float> texCoords) const override {
-        if (record_.texCoords.empty()) {
-            std::ranges::fill(texCoords, 0.0f);
-        } else {
-            fill(record_.texCoords, texCoords);
-        }
+    bool faceTrianglePositions(bool, std::span<float> positions) const override {
+        return fill(record_.positions, positions);
+    }
+    bool faceTriangleNormals(std::span<float> normals) const override { return fill(record_.normals, normals); }
+    bool faceTriangleTexCoords(std::span<float> texCoords) const override {
+        return fill(record_.texCoords, texCoords);
     }
 
     std::int32_t readFaceMark() const override {
@@ -35,8 +33,12 @@ public:
     const void* identity() const noexcept override { return &record_; }
 
 private:
-    static void fill(const std::vector<float>& source, std::span<float> target) {
-        std::copy_n(source.begin(), std::min(source.size(), target.size()), target.begin());
+    /// Numbers that the record does not hold are zeros.
+    static bool fill(const std::vector<float>& source, std::span<float> target) {
+        const std::size_t count = std::min(source.size(), target.size());
+        std::ranges::copy_n(source.begin(), static_cast<std::ptrdiff_t>(count), target.begin());
+        std::ranges::fill(target.subspan(count), 0.0f);
+        return true;
     }
 
     SessionRef session_;

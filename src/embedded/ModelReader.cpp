@@ -7,7 +7,8 @@
 #include "embedded/json/DocumentJson.h"
 #include "embedded/json/JsonCursor.h"
 #include "embedded/json/JsonText.h"
-#include "embedded/json/Utf8.h"
+#include "embedded/json/Utf8Check.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <map>

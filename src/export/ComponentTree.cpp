@@ -39,6 +39,7 @@ void buildMesh(ExportContext& context, GltfNode& node, const HostRef<HostCompone
     if (!bodies) {
         return;
     }
+    context.meshBuffers.folder.settle();
     GeomStreams streams;
     tessellateBodies(*bodies, streams);
     if (!streams.empty()) {

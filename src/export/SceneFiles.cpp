@@ -64,7 +64,7 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
     }
     glb.beginBinChunk();
     for (const FileRange& range : ranges) {
-        file.append(folder.file(), range.offset, range.length);
+        folder.copyTo(file, range);
     }
     glb.endBinChunk();
     glb.finish();

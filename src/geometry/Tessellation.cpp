@@ -1,6 +1,19 @@
 #include "geometry/Tessellation.h"
 
+#include <algorithm>
+
 namespace orvane {
+
+namespace {
+
+/// Numbers that the host failed to fill are zeros.
+void zeroUnless(bool isFilled, std::span<float> numbers) {
+    if (!isFilled) {
+        std::ranges::fill(numbers, 0.0f);
+    }
+}
+
+} // namespace
 
 void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& streams) {
     for (const HostRef<HostFace>& face : faces) {
@@ -11,9 +24,12 @@ void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& 
             continue;
         }
         const auto triangles = static_cast<std::size_t>(count);
-        face->faceTrianglePositions(true, stream.positions.grow(9 * triangles));
-        face->faceTriangleNormals(stream.normals.grow(9 * triangles));
-        face->faceTriangleTexCoords(stream.texCoords.grow(6 * triangles));
+        const std::span<float> positions = stream.positions.grow(9 * triangles);
+        const std::span<float> normals = stream.normals.grow(9 * triangles);
+        const std::span<float> texCoords = stream.texCoords.grow(6 * triangles);
+        zeroUnless(face->faceTrianglePositions(true, positions), positions);
+        zeroUnless(face->faceTriangleNormals(normals), normals);
+        zeroUnless(face->faceTriangleTexCoords(texCoords), texCoords);
     }
 }
 

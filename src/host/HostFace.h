@@ -14,12 +14,12 @@ public:
     /// Sets `count` to the number of display triangles; leaves it as it is when the host fails.
     virtual void faceTriangleCount(std::int32_t& count) const = 0;
     /// Fills 9 floats a triangle in place; `noConversion` asks for metres whatever the document's units.
-    /// What the host does not fill is left as it is. The same holds for the two below.
-    virtual void faceTrianglePositions(bool noConversion, std::span<float> positions) const = 0;
+    /// Answers whether it filled all of them, as the two below do.
+    virtual bool faceTrianglePositions(bool noConversion, std::span<float> positions) const = 0;
     /// Fills 9 floats a triangle in place: unit normals in the vertex order of the positions.
-    virtual void faceTriangleNormals(std::span<float> normals) const = 0;
+    virtual bool faceTriangleNormals(std::span<float> normals) const = 0;
     /// Fills 6 floats a triangle in place: u and v in the vertex order of the positions.
-    virtual void faceTriangleTexCoords(std::span<float> texCoords) const = 0;
+    virtual bool faceTriangleTexCoords(std::span<float> texCoords) const = 0;
 
     /// The face's user value, which lasts as long as its document stays open; 0 at first.
     virtual std::int32_t readFaceMark() const = 0;

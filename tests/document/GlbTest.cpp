@@ -6,19 +6,19 @@
 
 #include <gmock/gmock.h>
 
+#include <list>
+
 namespace orvane {
 namespace {
 
 using testing::ElementsAre;
 using testing::FieldsAre;
 
-Bytes bytesOf(const std::string& text) { return std::as_bytes(std::span(text)); }
-
 struct GlbMergeTest : testing::Test {
     /// A buffer with one view over all of it; `content` may differ from `length` where a later file took the name.
     void addBuffer(const std::string& name, const std::string& content) {
-        const Bytes bytes = bytesOf(content);
-        folder.write(name, std::span(&bytes, 1));
+        contents.push_back(content);
+        folder.write(name, {.streams = {}, .pieces = {std::as_bytes(std::span(contents.back()))}});
         GltfBuffer& buffer = addRecord(document.buffers);
         buffer.uri = name;
         buffer.byteLength = static_cast<std::int64_t>(content.size());
@@ -42,13 +42,14 @@ struct GlbMergeTest : testing::Test {
         };
         OutputFile merged = OutputFile::create(disk / "merged");
         for (const FileRange& range : mergeBuffers(document, folder, copier)) {
-            EXPECT_TRUE(merged.append(folder.file(), range.offset, range.length));
+            folder.copyTo(merged, range);
         }
         merged.close();
         return readFile(disk / "merged");
     }
 
     TemporaryFolder disk;
+    std::list<std::string> contents; ///< of the buffers, which the folder may hold on to
     ExportReport report;
     WorkingBufferFolder folder{disk.path().string(), report};
     GltfDocument document;

@@ -1,6 +1,5 @@
 #include "embedded/ModelFiles.h"
 
-#include <chrono>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -135,29 +134,6 @@ TEST(ModelReaderGraph, LongChainsOfDocuments) {
     std::size_t documents = 0;
     callOnSmallStack([&] { documents = files.read("0.tfgasm").documents.size(); });
     EXPECT_EQ(documents, 1501u);
-}
-
-TEST(ModelReaderGraph, ReadingTakesLinearTime) {
-    ModelFiles files;
-    const auto secondsFor = [&](int count) {
-        std::string components, names, numbers;
-        for (int i = 0; i < count; ++i) {
-            const std::string comma = i == 0 ? "" : ",";
-            components += comma + R"({"name":"c)" + std::to_string(i) + R"(","document":"p.tfgprt"})";
-            names += comma + "\"c" + std::to_string(i) + '"';
-            numbers += comma + "0.125,1e-3,0,1,0,0.25,0,1,3";
-        }
-        files.write("p.tfgprt", R"({"bodies": [{"faces": [{"positions": [)" + numbers + "]}]}]}");
-        files.write("a.tfgasm", R"({"configurations": [{"name": "A", "hidden": [)" + names +
-                                    R"(]}], "components": [)" + components + "]}");
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_EQ(files.read("a.tfgasm").documents.at(1)->bodies[0].faces[0].positions.size(),
-                  9u * static_cast<unsigned>(count));
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    const double few = secondsFor(2'000);
-    const double many = secondsFor(40'000); // twenty times as many; the square would be four hundred
-    EXPECT_LT(many, 100 * few);
 }
 
 } // namespace

@@ -14,10 +14,10 @@ class MemoryFolder : public BufferFolder {
 public:
     bool contains(const std::string& name) const override { return files.contains(name); }
     bool showsNames() const override { return true; }
-    void write(const std::string& name, std::span<const Bytes> pieces) override {
+    void write(const std::string& name, BufferContent content) override {
         std::string& file = files[name];
         file.clear();
-        for (const Bytes piece : pieces) {
+        for (const Bytes piece : content.pieces) {
             file.append(reinterpret_cast<const char*>(piece.data()), piece.size());
         }
     }

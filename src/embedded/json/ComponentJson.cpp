@@ -4,7 +4,7 @@
 #include "embedded/json/DocumentContext.h"
 #include "embedded/json/JsonCursor.h"
 #include "embedded/json/PlacementJson.h"
-#include "embedded/json/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace orvane {
 
@@ -56,7 +56,7 @@ std::vector<std::u16string> readBodyNames(const JsonCursor& list) {
 
 std::u16string readLeafName(const JsonCursor& value) {
     const std::string& name = value.utf8();
-    if (name.empty() || name.find('/') != std::string::npos) {
+    if (name.find('/') != std::string::npos) {
         value.mismatch("a name without \"/\"");
     }
     return utf16FromUtf8(name);

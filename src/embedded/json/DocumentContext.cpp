@@ -1,7 +1,8 @@
 #include "embedded/json/DocumentContext.h"
 
 #include "embedded/json/JsonCursor.h"
-#include "embedded/json/Utf8.h"
+#include "embedded/json/Utf8Check.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 

@@ -8,7 +8,7 @@
 #include "embedded/json/JsonCursor.h"
 #include "embedded/json/MotionJson.h"
 #include "embedded/json/TableJson.h"
-#include "embedded/json/Utf8.h"
+#include "platform/Utf8.h"
 #include "embedded/json/ViewJson.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "embedded/json/JsonCursor.h"
 #include "embedded/json/PlacementJson.h"
 #include "embedded/json/Shapes.h"
-#include "embedded/json/Utf8.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,8 @@
 
 #include "embedded/ModelError.h"
 #include "embedded/json/DocumentContext.h"
-#include "embedded/json/Utf8.h"
+#include "embedded/json/Utf8Check.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "embedded/ModelError.h"
 #include "embedded/json/JsonCursor.h"
-#include "embedded/json/Utf8.h"
+#include "embedded/json/Utf8Check.h"
 
 #include <algorithm>
 #include <fstream>

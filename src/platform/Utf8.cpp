@@ -1,6 +1,4 @@
-#include "platform/NarrowText.h"
-
-#include <cstdint>
+#include "platform/Utf8.h"
 
 namespace orvane {
 
@@ -57,7 +55,7 @@ char32_t decodeUtf8(std::string_view text, std::size_t& at) {
 
 } // namespace
 
-std::string toSystemNarrow(std::u16string_view text) {
+std::string utf8FromUtf16(std::u16string_view text) {
     std::string out;
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -72,7 +70,7 @@ std::string toSystemNarrow(std::u16string_view text) {
     return out;
 }
 
-std::u16string fromSystemNarrow(std::string_view text) {
+std::u16string utf16FromUtf8(std::string_view text) {
     std::u16string out;
     out.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {

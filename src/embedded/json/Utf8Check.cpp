@@ -1,4 +1,4 @@
-#include "embedded/json/Utf8.h"
+#include "embedded/json/Utf8Check.h"
 
 #include <algorithm>
 
@@ -45,15 +45,6 @@ bool isWellFormedAt(std::string_view text, std::size_t at) {
     return true;
 }
 
-void appendUtf8(std::string& out, char32_t code) {
-    const std::size_t length = code < 0x80 ? 1 : code < 0x800 ? 2 : code < 0x10000 ? 3 : 4;
-    constexpr unsigned kLead[] = {0, 0x00, 0xC0, 0xE0, 0xF0};
-    out += static_cast<char>(kLead[length] | (code >> (6 * (length - 1))));
-    for (std::size_t i = length - 1; i > 0; --i) {
-        out += static_cast<char>(0x80u | ((code >> (6 * (i - 1))) & 0x3Fu));
-    }
-}
-
 } // namespace
 
 std::size_t wellFormedLength(std::string_view text) {
@@ -62,42 +53,6 @@ std::size_t wellFormedLength(std::string_view text) {
         at += sequenceLength(byteAt(text, at));
     }
     return at;
-}
-
-std::u16string utf16FromUtf8(std::string_view text) {
-    std::u16string out;
-    out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        const unsigned lead = byteAt(text, at);
-        const std::size_t length = sequenceLength(lead);
-        char32_t code = length == 1 ? lead : lead & (0x7Fu >> length);
-        for (std::size_t i = 1; i < length && at + i < text.size(); ++i) {
-            code = (code << 6) | (byteAt(text, at + i) & 0x3Fu);
-        }
-        at += length;
-        if (code < 0x10000) {
-            out += static_cast<char16_t>(code);
-        } else {
-            out += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-            out += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-        }
-    }
-    return out;
-}
-
-std::string utf8FromUtf16(std::u16string_view text) {
-    const auto isIn = [](char16_t unit, unsigned block) { return (unit & 0xFC00u) == block; };
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t code = text[i];
-        if (isIn(text[i], 0xD800) && i + 1 < text.size() && isIn(text[i + 1], 0xDC00)) {
-            code = 0x10000 + ((code & 0x3FF) << 10) + (text[++i] & 0x3FFu);
-        } else if ((code & 0xF800) == 0xD800) {
-            code = 0xFFFD;
-        }
-        appendUtf8(out, code);
-    }
-    return out;
 }
 
 std::string shortened(std::string_view text) {
