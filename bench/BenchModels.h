@@ -10,8 +10,8 @@ namespace orvane {
 /// A part of one face with `triangles` triangles, normals and texture coordinates: 96 bytes a triangle.
 Model singlePart(std::size_t triangles);
 
-/// An assembly of `components` instances of one part of `triangles` triangles, side by side below the root. Their names
-/// are all different, or all equal.
+/// An assembly of `components` instances of one part of `triangles` triangles, side by side below the root.
+/// Their names are all different, or all equal.
 Model flatAssembly(std::size_t components, std::size_t triangles, bool equalNames = false);
 
 /// An assembly of `components` nodes: instances of one sub-assembly of nine parts.

@@ -1,5 +1,5 @@
-// Times whole exports from a model in memory to a finished file, beside one plain sequential write of the same bytes in the
-// same round. Files lie in the current folder's file system, and in the page cache.
+// Times whole exports from a model in memory to a finished file, beside one plain sequential write of the
+// same bytes in the same round. Files lie in the current folder's file system, and in the page cache.
 
 #include "BenchModels.h"
 #include "ProcessMemory.h"
@@ -30,7 +30,9 @@ using Clock = std::chrono::steady_clock;
 constexpr const char* kTarget = "orvane-bench/scene.glb";
 constexpr const char* kPlainFile = "orvane-bench/plain";
 
-double secondsSince(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
+double secondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
 
 double median(std::vector<double> values) {
     std::ranges::sort(values);
@@ -70,8 +72,8 @@ double plainWriteSeconds() {
     return secondsSince(start);
 }
 
-/// Rounds of an export and a plain write in turn. Reports the medians in milliseconds and the median of the rounds' ratios;
-/// the memory is the most that an export took beyond what the host held before it.
+/// Rounds of an export and a plain write in turn. Reports the medians in milliseconds and the median of the
+/// rounds' ratios; the memory is the most that an export took beyond what the host held before it.
 void runExport(benchmark::State& state, const std::function<Model()>& makeModel) {
     std::filesystem::create_directory("orvane-bench");
     const HostRef<HostApplication> host = openEmbeddedHost(makeModel());

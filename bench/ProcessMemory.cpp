@@ -25,9 +25,13 @@ std::int64_t statusBytes(const std::string& key) {
 
 } // namespace
 
-std::int64_t residentMemory() { return statusBytes("VmRSS:"); }
+std::int64_t residentMemory() {
+    return statusBytes("VmRSS:");
+}
 
-std::int64_t peakMemory() { return statusBytes("VmHWM:"); }
+std::int64_t peakMemory() {
+    return statusBytes("VmHWM:");
+}
 
 void resetPeakMemory() {
     malloc_trim(0);

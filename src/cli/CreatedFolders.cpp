@@ -16,7 +16,8 @@ CreatedFolders::~CreatedFolders() {
 std::optional<std::string> CreatedFolders::create(const fs::path& folder) {
     std::vector<fs::path> missing;
     std::error_code fault;
-    for (fs::path at = folder.lexically_normal(); !at.empty() && !fs::exists(at, fault); at = at.parent_path()) {
+    for (fs::path at = folder.lexically_normal(); !at.empty() && !fs::exists(at, fault);
+         at = at.parent_path()) {
         if (at.has_filename()) {
             missing.push_back(at);
         }

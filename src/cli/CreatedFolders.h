@@ -15,7 +15,8 @@ public:
     CreatedFolders& operator=(const CreatedFolders&) = delete;
     ~CreatedFolders();
 
-    /// Makes a folder and every missing one above it. Gives a sentence on what is in the way, nothing when all are there.
+    /// Makes a folder and every missing one above it. Gives a sentence on what is in the way, nothing when
+    /// all are there.
     std::optional<std::string> create(const std::filesystem::path& folder);
     void keep() { created_.clear(); }
 

@@ -8,7 +8,8 @@ namespace orvane {
 /// What the command line of `orvane export` says.
 struct ExportArguments {
     std::string model;
-    std::string output; ///< ends in `.gltf` or `.glb`, any case; empty: the model's title in the current folder
+    std::string
+        output; ///< ends in `.gltf` or `.glb`, any case; empty: the model's title in the current folder
     bool views = false;
     bool cameras = false;
     bool lights = false;
@@ -26,8 +27,8 @@ struct ExportArguments {
 /// What is wrong with `output`, as the end of a sentence; nothing when it names a file to write.
 std::optional<std::string> outputFault(const std::string& output);
 
-/// Runs the command: progress, warnings and errors go to standard error, the path of what was written to standard output.
-/// Gives the exit status: 0 written and complete, 1 refused or failed. Throws `ModelError`.
+/// Runs the command: progress, warnings and errors go to standard error, the path of what was written to
+/// standard output. Gives the exit status: 0 written and complete, 1 refused or failed. Throws `ModelError`.
 int runExport(const ExportArguments& arguments);
 
 } // namespace orvane

@@ -14,11 +14,13 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 void addExportOptions(CLI::App& command, orvane::ExportArguments& arguments) {
-    command.add_option("MODEL", arguments.model, "Model document (.tfgprt, .tfgasm) or STEP file (.step, .stp)")
+    command
+        .add_option("MODEL", arguments.model, "Model document (.tfgprt, .tfgasm) or STEP file (.step, .stp)")
         ->required();
-    command.add_option("-o,--output", arguments.output,
-                       "Result, ending in .glb or .gltf; OUT.gltf lands in a folder of its own, OUT/OUT.gltf "
-                       "(TITLE.glb in the current folder when absent)")
+    command
+        .add_option("-o,--output", arguments.output,
+                    "Result, ending in .glb or .gltf; OUT.gltf lands in a folder of its own, OUT/OUT.gltf "
+                    "(TITLE.glb in the current folder when absent)")
         ->type_name("OUT")
         ->check([](const std::string& output) {
             const auto fault = orvane::outputFault(output);
@@ -35,8 +37,9 @@ void addExportOptions(CLI::App& command, orvane::ExportArguments& arguments) {
     command.add_flag("--thumbnails", arguments.thumbnails, "Write a page of pictures beside the result");
     command.add_option("--host-folder", arguments.hostFolder, "Folder of the host's appearance library")
         ->type_name("DIR");
-    command.add_option("--deflection", arguments.deflection,
-                       "Greatest distance between a STEP face and its triangles")
+    command
+        .add_option("--deflection", arguments.deflection,
+                    "Greatest distance between a STEP face and its triangles")
         ->type_name("METRES")
         ->check([](const std::string& text) {
             double metres = 0;

@@ -8,8 +8,8 @@
 
 namespace orvane {
 
-/// The bytes of one buffer: pieces of memory that stand behind one another in its file, and the triangles that own them.
-/// Other pieces live as long as the process.
+/// The bytes of one buffer: pieces of memory that stand behind one another in its file, and the triangles
+/// that own them. Other pieces live as long as the process.
 struct BufferContent {
     GeomStreams streams;
     std::vector<Bytes> pieces;
@@ -22,10 +22,11 @@ public:
 
     /// Whether a file of that name is there.
     virtual bool contains(const std::string& name) const = 0;
-    /// Writes the content as the file of that name, in place of one that is there. Fails quietly: the fault goes to the
-    /// export's report, and later calls do nothing.
+    /// Writes the content as the file of that name, in place of one that is there. Fails quietly: the fault
+    /// goes to the export's report, and later calls do nothing.
     virtual void write(const std::string& name, BufferContent content) = 0;
-    /// Gives back the memory that earlier contents still hold; called before the next node's triangles are gathered.
+    /// Gives back the memory that earlier contents still hold; called before the next node's triangles are
+    /// gathered.
     virtual void settle() {}
     /// Whether a person meets the names of the files.
     virtual bool showsNames() const = 0;

@@ -17,8 +17,8 @@ void pileUp(std::string& name, std::int32_t& counter, const BufferFolder& folder
 
 } // namespace
 
-std::string BufferNames::claim(const std::string& wanted, std::int32_t bufferIndex, const BufferFolder& folder,
-                               ExportReport& report) {
+std::string BufferNames::claim(const std::string& wanted, std::int32_t bufferIndex,
+                               const BufferFolder& folder, ExportReport& report) {
     Pile& pile = piles_.try_emplace(wanted, Pile{wanted}).first->second;
     if (!pile.isUnusable) {
         pileUp(pile.name, pile.counter, folder);
@@ -30,7 +30,8 @@ std::string BufferNames::claim(const std::string& wanted, std::int32_t bufferInd
         if (folder.showsNames()) {
             report.warnings.push_back("a buffer file that should be named after " + wanted.substr(0, 40) +
                                       " would get a name that " + *fault + "; it is written as buffer-" +
-                                      std::to_string(bufferIndex) + ".bin, and further ones of that name likewise");
+                                      std::to_string(bufferIndex) +
+                                      ".bin, and further ones of that name likewise");
         }
     }
     std::string shortName = "buffer-" + std::to_string(bufferIndex) + std::string(kExtension);

@@ -13,7 +13,9 @@ DiskBufferFolder::~DiskBufferFolder() {
     }
 }
 
-bool DiskBufferFolder::contains(const std::string& name) const { return canOpenForReading(joinPath(folder_, name)); }
+bool DiskBufferFolder::contains(const std::string& name) const {
+    return canOpenForReading(joinPath(folder_, name));
+}
 
 void DiskBufferFolder::write(const std::string& name, BufferContent content) {
     if (report_.hasFailed()) {

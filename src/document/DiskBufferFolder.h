@@ -8,7 +8,8 @@
 
 namespace orvane {
 
-/// A real folder. Takes the files that it made away again at its end, unless they are kept: a failed export leaves none.
+/// A real folder. Takes the files that it made away again at its end, unless they are kept: a failed export
+/// leaves none.
 class DiskBufferFolder : public BufferFolder {
 public:
     /// `folder` has to be there; `report` gets the first fault and outlives the object.

@@ -94,12 +94,13 @@ void writeCameras(TextStream& out, GltfDocument& document) {
         }
     }
     out << "\t\"cameras\": [\n";
-    writeAll(out, document.progress, cameras, ",\n", "", [&](const GltfCamera& camera) { writeCamera(out, camera); });
+    writeAll(out, document.progress, cameras, ",\n", "",
+             [&](const GltfCamera& camera) { writeCamera(out, camera); });
     out << "\t],\n";
 }
 
-/// The comma behind the lights depends on the general tables alone: with lights and a design table only, the format has
-/// none.
+/// The comma behind the lights depends on the general tables alone: with lights and a design table only, the
+/// format has none.
 void writeExtensions(TextStream& out, GltfDocument& document) {
     if (document.lights.empty() && document.generalTables.empty() && !document.designTable) {
         return;
@@ -181,7 +182,8 @@ void writeDocument(TextStream& out, GltfDocument& document, const PictureCopier&
     writeSection(out, progress, "\t\"bufferViews\" : [\n", document.bufferViews,
                  [&](const GltfBufferView& view) { writeBufferView(out, view); });
     out << "\t\"buffers\" : [\n";
-    writeAll(out, progress, document.buffers, ",\n", "\n", [&](const GltfBuffer& buffer) { writeBuffer(out, buffer); });
+    writeAll(out, progress, document.buffers, ",\n", "\n",
+             [&](const GltfBuffer& buffer) { writeBuffer(out, buffer); });
     out << "\t]\n";
 }
 

@@ -25,9 +25,8 @@ std::string_view propertyTypeName(std::int32_t type) {
 
 std::string_view displayModeName(std::int32_t mode) {
     static constexpr std::string_view kNames[] = {
-        "wireframe",          "hidden_greyed",           "hidden",         "shaded",
-        "faceted_wireframe",  "faceted_hidden_greyed",   "faceted_hidden", "shaded_edges",
-        "default",
+        "wireframe",      "hidden_greyed", "hidden",  "shaded", "faceted_wireframe", "faceted_hidden_greyed",
+        "faceted_hidden", "shaded_edges",  "default",
     };
     return mode >= 0 && mode < static_cast<std::int32_t>(std::size(kNames)) ? kNames[mode] : "unknown";
 }
@@ -97,8 +96,8 @@ void writeDesignTable(TextStream& out, const ExportedTable& table) {
 void writeNodeComments(TextStream& out, std::span<const GltfComment> comments) {
     out << "\t\t\t\t\t\"comments\" : [\n";
     for (std::size_t i = 0; i < comments.size(); ++i) {
-        out << "\t\t\t\t\t{ \"name\": \"" << comments[i].name << "\", \"text\": \"" << comments[i].text << "\" }"
-            << commaUnlessLast(i, comments.size()) << "\n";
+        out << "\t\t\t\t\t{ \"name\": \"" << comments[i].name << "\", \"text\": \"" << comments[i].text
+            << "\" }" << commaUnlessLast(i, comments.size()) << "\n";
     }
     out << "\t\t\t\t\t]\n";
 }

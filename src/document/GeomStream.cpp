@@ -23,11 +23,14 @@ float* allocateFloats(std::size_t count) {
 
 } // namespace
 
-void FloatBlocks::FreeFloats::operator()(float* floats) const noexcept { freeMemory(floats); }
+void FloatBlocks::FreeFloats::operator()(float* floats) const noexcept {
+    freeMemory(floats);
+}
 
 std::span<float> FloatBlocks::grow(std::size_t count) {
     if (blocks_.empty() || blocks_.back().capacity - blocks_.back().size < count) {
-        const std::size_t usual = blocks_.empty() ? kFirstBlock : std::min(blocks_.back().capacity * 2, kLargestBlock);
+        const std::size_t usual =
+            blocks_.empty() ? kFirstBlock : std::min(blocks_.back().capacity * 2, kLargestBlock);
         const std::size_t capacity = std::max(count, usual);
         blocks_.push_back({std::unique_ptr<float[], FreeFloats>(allocateFloats(capacity)), 0, capacity});
     }

@@ -10,7 +10,8 @@
 
 namespace orvane {
 
-/// A growing array of floats in blocks that never move: growing copies nothing, and takes no more memory than it gives.
+/// A growing array of floats in blocks that never move: growing copies nothing, and takes no more memory than
+/// it gives.
 class FloatBlocks {
 public:
     /// Appends `count` floats of any value that lie behind one another in memory, to be filled in place.
@@ -35,8 +36,8 @@ private:
     std::size_t size_ = 0;
 };
 
-/// The triangles of one node under one material: three vertices a triangle, never welded, in the body's own frame.
-/// 9 positions in metres, 9 normals and 6 texture coordinates a triangle, always in step.
+/// The triangles of one node under one material: three vertices a triangle, never welded, in the body's own
+/// frame. 9 positions in metres, 9 normals and 6 texture coordinates a triangle, always in step.
 struct GeomStream {
     FloatBlocks positions;
     FloatBlocks normals;
@@ -45,7 +46,8 @@ struct GeomStream {
     std::size_t triangleCount() const { return positions.size() / 9; }
 };
 
-/// The null key first, then materials in the order in which their records were made: no order depends on an address.
+/// The null key first, then materials in the order in which their records were made: no order depends on an
+/// address.
 struct MaterialOrder {
     bool operator()(const GltfMaterial* a, const GltfMaterial* b) const {
         return (a ? a->serial : -1) < (b ? b->serial : -1);

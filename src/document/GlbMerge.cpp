@@ -18,7 +18,8 @@ void appendRange(std::vector<FileRange>& ranges, const FileRange& range) {
 
 std::string mimeTypeOf(const std::string& fileName) {
     std::string extension = fileName.substr(fileName.rfind('.') + 1);
-    std::ranges::transform(extension, extension.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::ranges::transform(extension, extension.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return extension == "jpg" || extension == "jpeg" ? "image/jpeg" : "image/png";
 }
 

@@ -6,7 +6,7 @@ namespace orvane {
 
 namespace {
 
-constexpr std::uint32_t kMagic = 0x46546C67;     // "glTF"
+constexpr std::uint32_t kMagic = 0x46546C67; // "glTF"
 constexpr std::uint32_t kVersion = 2;
 constexpr std::uint32_t kJsonChunk = 0x4E4F534A; // "JSON"
 constexpr std::uint32_t kBinChunk = 0x004E4942;  // "BIN" and a zero byte
@@ -26,17 +26,29 @@ void overwriteNumber(OutputFile& file, std::int64_t offset, std::int64_t value) 
 
 } // namespace
 
-void GlbWriter::writeHeader() { writeNumbers(file_, std::array{kMagic, kVersion, std::uint32_t{0}}); }
+void GlbWriter::writeHeader() {
+    writeNumbers(file_, std::array{kMagic, kVersion, std::uint32_t{0}});
+}
 
-void GlbWriter::beginJsonChunk() { beginChunk(kJsonChunk); }
+void GlbWriter::beginJsonChunk() {
+    beginChunk(kJsonChunk);
+}
 
-void GlbWriter::endJsonChunk() { endChunk("   "); }
+void GlbWriter::endJsonChunk() {
+    endChunk("   ");
+}
 
-void GlbWriter::beginBinChunk() { beginChunk(kBinChunk); }
+void GlbWriter::beginBinChunk() {
+    beginChunk(kBinChunk);
+}
 
-void GlbWriter::endBinChunk() { endChunk(std::string_view("\0\0\0", 3)); }
+void GlbWriter::endBinChunk() {
+    endChunk(std::string_view("\0\0\0", 3));
+}
 
-void GlbWriter::finish() { overwriteNumber(file_, kTotalLengthOffset, file_.position()); }
+void GlbWriter::finish() {
+    overwriteNumber(file_, kTotalLengthOffset, file_.position());
+}
 
 void GlbWriter::beginChunk(std::uint32_t type) {
     chunkOffset_ = file_.position();

@@ -7,9 +7,10 @@
 
 namespace orvane {
 
-/// Puts a binary glTF container together in one pass: a header, a JSON chunk, a BIN chunk, each length patched in when it
-/// is known. All integers are little endian and 32 bits wide; chunks are padded to multiples of 4 bytes.
-/// The parts are called in the order of their declaration. A fault of the file ends every later step quietly.
+/// Puts a binary glTF container together in one pass: a header, a JSON chunk, a BIN chunk, each length
+/// patched in when it is known. All integers are little endian and 32 bits wide; chunks are padded to
+/// multiples of 4 bytes. The parts are called in the order of their declaration. A fault of the file ends
+/// every later step quietly.
 class GlbWriter {
 public:
     /// Writes to `file`, which outlives the writer.

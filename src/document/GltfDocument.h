@@ -14,8 +14,8 @@ namespace orvane {
 template <class Record>
 using RecordList = std::vector<std::unique_ptr<Record>>;
 
-/// The whole glTF asset of one export: flat lists of records, in the order in which they were made. Nothing is ever
-/// taken out of a list while an export runs, so that indices stay what they are.
+/// The whole glTF asset of one export: flat lists of records, in the order in which they were made. Nothing
+/// is ever taken out of a list while an export runs, so that indices stay what they are.
 struct GltfDocument {
     RecordList<GltfBuffer> buffers;
     RecordList<GltfBufferView> bufferViews;
@@ -24,7 +24,7 @@ struct GltfDocument {
     RecordList<GltfCamera> cameras;
     RecordList<GltfNode> nodes;
     RecordList<GltfMaterial> materialRecords; ///< every material that was made, in that order
-    std::vector<GltfMaterial*> materials;     ///< those that are written, by index; the default material first
+    std::vector<GltfMaterial*> materials; ///< those that are written, by index; the default material first
     RecordList<GltfTexture> textures;
     RecordList<GltfImage> images;
     RecordList<GltfSampler> samplers;

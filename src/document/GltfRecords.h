@@ -7,11 +7,12 @@
 #include <string>
 #include <vector>
 
-/// The records of a glTF scene, as plain values. An index is the position of a record in its list, and -1 means none.
-/// Texts are narrow, already in the form in which they are written.
+/// The records of a glTF scene, as plain values. An index is the position of a record in its list, and -1
+/// means none. Texts are narrow, already in the form in which they are written.
 namespace orvane {
 
-/// 0 to 8 the 3x3 rotation row by row, 9 to 11 the translation in metres, 12 the uniform scale, 13 to 15 the rest.
+/// 0 to 8 the 3x3 rotation row by row, 9 to 11 the translation in metres, 12 the uniform scale, 13 to 15 the
+/// rest.
 using NodeMatrix = std::array<double, 16>;
 
 struct GltfComment {
@@ -42,9 +43,9 @@ struct DisplayStateInfo {
 
 struct GltfScene {
     std::string name;
-    std::vector<std::string> displayStates;         ///< all those of the scene's configuration
-    std::vector<std::u16string> displayStateNames;  ///< the same, as the host wants them back
-    std::vector<std::int32_t> nodes;                ///< root nodes
+    std::vector<std::string> displayStates;        ///< all those of the scene's configuration
+    std::vector<std::u16string> displayStateNames; ///< the same, as the host wants them back
+    std::vector<std::int32_t> nodes;               ///< root nodes
     std::vector<std::int32_t> animations;
     std::vector<CustomProperty> customProperties;
 };

@@ -13,10 +13,12 @@ struct BaseColor {
     double red, green, blue, alpha;
 };
 
-/// A transparent material's alpha follows the brightness of its colour, not the amount of its transparency: dark glass
-/// lets less through. The single precision steps are part of the format.
+/// A transparent material's alpha follows the brightness of its colour, not the amount of its transparency:
+/// dark glass lets less through. The single precision steps are part of the format.
 BaseColor baseColor(const GltfMaterial& material) {
-    const auto channel = [&](int shift) { return static_cast<double>((material.primaryColor >> shift) & 0xFF) / 255.0; };
+    const auto channel = [&](int shift) {
+        return static_cast<double>((material.primaryColor >> shift) & 0xFF) / 255.0;
+    };
     BaseColor color{channel(0), channel(8), channel(16), 1 - material.a_transparency};
     if (color.alpha < 1) {
         const auto mean = static_cast<float>((color.red + color.green + color.blue) * 0.3333333432674408);
@@ -52,7 +54,8 @@ void writePbr(TextStream& out, const GltfMaterial& material, const BaseColor& co
         sep = ",";
     }
     out << "\t\t\t\t\t" << sep << "\"baseColorFactor\": [\n"
-        << "\t\t\t\t\t\t" << color.red << ", " << color.green << ", " << color.blue << ", " << color.alpha << "\n"
+        << "\t\t\t\t\t\t" << color.red << ", " << color.green << ", " << color.blue << ", " << color.alpha
+        << "\n"
         << "\t\t\t\t\t]\n";
     sep = ",";
     out << "\t\t\t\t\t" << sep << "\"metallicFactor\": " << metallicFactor(material) << "\n";

@@ -5,8 +5,8 @@
 
 namespace orvane {
 
-/// Appends one material, without a line feed at its end. The PBR numbers are computed here from the host's values that
-/// the record holds.
+/// Appends one material, without a line feed at its end. The PBR numbers are computed here from the host's
+/// values that the record holds.
 void writeMaterial(TextStream& out, const GltfMaterial& material);
 
 } // namespace orvane

@@ -38,7 +38,8 @@ constexpr RegionFormat kFormats[regionCount] = {
     {ComponentType::unsignedShort, AccessorType::scalar, 6, 0, BufferTarget::indices},
 };
 
-/// Every 16-bit number in turn: vertices are never welded, so that the indices of a primitive simply count, and wrap.
+/// Every 16-bit number in turn: vertices are never welded, so that the indices of a primitive simply count,
+/// and wrap.
 Bytes countingIndices(std::size_t count) {
     static const std::unique_ptr<const std::array<std::uint16_t, kIndexCount>> table = [] {
         auto numbers = std::make_unique<std::array<std::uint16_t, kIndexCount>>();
@@ -73,15 +74,15 @@ private:
     std::size_t at_ = 0;
 };
 
-/// The largest values start at the smallest positive normal float: readers of this format expect exactly that where all
-/// coordinates are negative.
+/// The largest values start at the smallest positive normal float: readers of this format expect exactly that
+/// where all coordinates are negative.
 constexpr AccessorBounds kEmptyBounds = {
     std::numeric_limits<float>::max(), std::numeric_limits<float>::max(), std::numeric_limits<float>::max(),
     std::numeric_limits<float>::min(), std::numeric_limits<float>::min(), std::numeric_limits<float>::min(),
 };
 
-/// Bounds of the next `count` floats; blocks hold whole triangles. Only a value strictly beyond a bound replaces it: one
-/// that is not a number never does, and of two zeros the first one keeps its sign.
+/// Bounds of the next `count` floats; blocks hold whole triangles. Only a value strictly beyond a bound
+/// replaces it: one that is not a number never does, and of two zeros the first one keeps its sign.
 AccessorBounds nextBounds(FloatCursor& cursor, std::size_t count) {
     AccessorBounds bounds = kEmptyBounds;
     while (count > 0) {
@@ -106,7 +107,8 @@ void appendPieces(std::vector<Bytes>& pieces, const FloatBlocks& floats) {
 
 void appendIndexPieces(std::vector<Bytes>& pieces, std::int64_t count) {
     for (; count > 0; count -= static_cast<std::int64_t>(kIndexCount)) {
-        pieces.push_back(countingIndices(static_cast<std::size_t>(std::min<std::int64_t>(count, kIndexCount))));
+        pieces.push_back(
+            countingIndices(static_cast<std::size_t>(std::min<std::int64_t>(count, kIndexCount))));
     }
 }
 
@@ -166,7 +168,8 @@ std::int64_t layOutViews(GltfDocument& document, const MeshBuild& build) {
 
 } // namespace
 
-void writeMeshBuffers(GltfDocument& document, GltfNode& node, GeomStreams& streams, const MeshBufferTarget& target) {
+void writeMeshBuffers(GltfDocument& document, GltfNode& node, GeomStreams& streams,
+                      const MeshBufferTarget& target) {
     GltfMesh& mesh = addRecord(document.meshes);
     node.mesh = mesh.index;
     GltfBuffer& buffer = addRecord(document.buffers);
@@ -183,7 +186,8 @@ void writeMeshBuffers(GltfDocument& document, GltfNode& node, GeomStreams& strea
     BufferContent content{std::move(streams), {}};
     streams.clear();
     std::vector<Bytes> indexPieces;
-    addPrimitives(build, content.streams, target.limitPrimitiveSize ? kMostTriangles : kAnyTriangles, indexPieces);
+    addPrimitives(build, content.streams, target.limitPrimitiveSize ? kMostTriangles : kAnyTriangles,
+                  indexPieces);
     for (const auto region : {&GeomStream::positions, &GeomStream::normals, &GeomStream::texCoords}) {
         for (const auto& [material, stream] : content.streams) {
             appendPieces(content.pieces, stream.*region);

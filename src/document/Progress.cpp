@@ -28,6 +28,8 @@ void progressAddDone(Progress& progress, std::int32_t count) {
     notify(progress);
 }
 
-void progressEnd(Progress& progress) { notify(progress); }
+void progressEnd(Progress& progress) {
+    notify(progress);
+}
 
 } // namespace orvane

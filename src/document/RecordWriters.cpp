@@ -9,7 +9,9 @@ namespace orvane {
 
 namespace {
 
-bool isNear(double a, double b) { return std::abs(a - b) <= 0.0001; }
+bool isNear(double a, double b) {
+    return std::abs(a - b) <= 0.0001;
+}
 
 bool isIdentity(const NodeMatrix& matrix) {
     for (std::size_t i = 0; i < matrix.size(); ++i) {
@@ -21,10 +23,11 @@ bool isIdentity(const NodeMatrix& matrix) {
     return true;
 }
 
-/// The host's sixteen numbers as a column-major 4x4 matrix: the rotation's rows become columns, and the translation the
-/// last column.
+/// The host's sixteen numbers as a column-major 4x4 matrix: the rotation's rows become columns, and the
+/// translation the last column.
 void writeMatrixNumbers(TextStream& out, const NodeMatrix& matrix) {
-    static constexpr std::size_t kOrder[4][4] = {{0, 1, 2, 13}, {3, 4, 5, 14}, {6, 7, 8, 15}, {9, 10, 11, 12}};
+    static constexpr std::size_t kOrder[4][4] = {
+        {0, 1, 2, 13}, {3, 4, 5, 14}, {6, 7, 8, 15}, {9, 10, 11, 12}};
     for (std::size_t line = 0; line < 4; ++line) {
         for (std::size_t i = 0; i < 4; ++i) {
             const bool isLast = line == 3 && i == 3;
@@ -33,8 +36,8 @@ void writeMatrixNumbers(TextStream& out, const NodeMatrix& matrix) {
     }
 }
 
-/// The separator is not reset inside the object: without a light, its first key is led by the comma that the keys before
-/// it have left.
+/// The separator is not reset inside the object: without a light, its first key is led by the comma that the
+/// keys before it have left.
 void writeNodeExtensions(TextStream& out, const GltfNode& node, std::string_view& sep) {
     out << "\t\t\t" << sep << "\"extensions\" : {\n";
     if (node.light >= 0) {
@@ -269,7 +272,8 @@ void writeAccessor(TextStream& out, const GltfAccessor& accessor) {
     out << "\t\t\t}";
 }
 
-void writeTexture(TextStream& out, GltfDocument& document, const GltfTexture& texture, const PictureCopier& copyPicture) {
+void writeTexture(TextStream& out, GltfDocument& document, const GltfTexture& texture,
+                  const PictureCopier& copyPicture) {
     if (texture.source < 0) {
         return;
     }

@@ -8,9 +8,9 @@
 
 namespace orvane {
 
-/// A growing narrow text. Doubles go out in the general format with 6 significant digits (`0.75`, `1e-05`, `-0`, `inf`),
-/// whatever the locale; integers as decimals; texts as they are, without any escaping.
-/// With a drain, text that has piled up is handed on whenever `drain` is called, so that a long text never stands in
+/// A growing narrow text. Doubles go out in the general format with 6 significant digits (`0.75`, `1e-05`,
+/// `-0`, `inf`), whatever the locale; integers as decimals; texts as they are, without any escaping. With a
+/// drain, text that has piled up is handed on whenever `drain` is called, so that a long text never stands in
 /// memory whole.
 class TextStream {
 public:
@@ -22,13 +22,13 @@ public:
     TextStream& operator<<(double value);
     /// Neither has one obvious form in the text.
     template <class Value>
-        requires std::same_as<Value, bool> || std::same_as<Value, char>
-    TextStream& operator<<(Value) = delete;
+    requires std::same_as<Value, bool> || std::same_as<Value, char> TextStream& operator<<(Value) = delete;
 
     /// Appends a number with one digit before the point and eight behind it: -1 gives `-1.00000000e+00`.
     TextStream& appendScientific(double value);
 
-    /// From now on, hands what stands in the stream to `drain` at each call of `drainIfLarge` that finds enough of it.
+    /// From now on, hands what stands in the stream to `drain` at each call of `drainIfLarge` that finds
+    /// enough of it.
     void drainTo(Drain drain) { drain_ = std::move(drain); }
     void drainIfLarge() {
         if (drain_ && text_.size() >= kDrainSize) {

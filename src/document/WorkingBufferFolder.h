@@ -17,12 +17,14 @@ struct FileRange {
     std::int64_t length = 0;
 };
 
-/// A folder that exists only as names and ranges of one growing nameless file: what the buffers of a `.glb` go through.
-/// A later file of the same name stands in the place of the earlier one. The last contents wait in memory until there are
-/// enough of them for one large write, so that what comes last (the only mesh of a part) never goes through the file.
+/// A folder that exists only as names and ranges of one growing nameless file: what the buffers of a `.glb`
+/// go through. A later file of the same name stands in the place of the earlier one. The last contents wait
+/// in memory until there are enough of them for one large write, so that what comes last (the only mesh of a
+/// part) never goes through the file.
 class WorkingBufferFolder : public BufferFolder {
 public:
-    /// The working file lies in the file system of `folder`; `report` gets the first fault and outlives the object.
+    /// The working file lies in the file system of `folder`; `report` gets the first fault and outlives the
+    /// object.
     WorkingBufferFolder(const std::string& folder, ExportReport& report);
 
     bool contains(const std::string& name) const override { return ranges_.contains(name); }

@@ -42,13 +42,16 @@ void ComponentInstances::addChildren(std::int32_t parent, const std::vector<Comp
         }
         instances_[static_cast<std::size_t>(position)].end = static_cast<std::int32_t>(instances_.size());
         if (!record.components && record.document && record.document->kind == DocumentKind::assembly) {
-            const ConfigurationRecord& active = record.document->configurations[record.document->activeConfiguration];
-            applyBelow(position, active, active.displayStates.empty() ? nullptr : &active.displayStates.front());
+            const ConfigurationRecord& active =
+                record.document->configurations[record.document->activeConfiguration];
+            applyBelow(position, active,
+                       active.displayStates.empty() ? nullptr : &active.displayStates.front());
         }
     }
 }
 
-void ComponentInstances::apply(const ConfigurationRecord& configuration, const DisplayStateRecord* displayState) {
+void ComponentInstances::apply(const ConfigurationRecord& configuration,
+                               const DisplayStateRecord* displayState) {
     for (std::size_t i = 0; i < instances_.size(); ++i) {
         instances_[i].suppressed = base_[i].suppressed;
         instances_[i].hidden = base_[i].hidden;
@@ -57,8 +60,8 @@ void ComponentInstances::apply(const ConfigurationRecord& configuration, const D
     applyBelow(0, configuration, displayState);
 }
 
-/// Changes every instance below `top` that has this full name, told from `top`. Instances of one name may stand below
-/// other components of the same name too; those are not meant.
+/// Changes every instance below `top` that has this full name, told from `top`. Instances of one name may
+/// stand below other components of the same name too; those are not meant.
 template <class Change>
 void ComponentInstances::changeNamed(std::int32_t top, const std::u16string& name, Change change) {
     const ComponentInstance& above = instances_[static_cast<std::size_t>(top)];

@@ -25,15 +25,17 @@ struct ComponentInstance {
     std::u16string fullName;
 };
 
-/// All components of an opened assembly, depth first, in the shape that one configuration and display state give them.
+/// All components of an opened assembly, depth first, in the shape that one configuration and display state
+/// give them.
 class ComponentInstances {
 public:
-    /// Instances the whole tree of `document`, an assembly, which outlives the object. Every sub-assembly stands in its own
-    /// active configuration and that one's first display state.
+    /// Instances the whole tree of `document`, an assembly, which outlives the object. Every sub-assembly
+    /// stands in its own active configuration and that one's first display state.
     explicit ComponentInstances(const ModelDocument& document);
 
-    /// Puts the tree into a configuration of the opened document and, unless null, a display state of it. What these say
-    /// of components overrides what sub-assemblies and the components themselves say. Resolve states stay.
+    /// Puts the tree into a configuration of the opened document and, unless null, a display state of it.
+    /// What these say of components overrides what sub-assemblies and the components themselves say. Resolve
+    /// states stay.
     void apply(const ConfigurationRecord& configuration, const DisplayStateRecord* displayState);
 
     std::vector<ComponentInstance>& all() { return instances_; }
@@ -47,7 +49,8 @@ private:
     };
 
     void addChildren(std::int32_t parent, const std::vector<ComponentRecord>& components);
-    void applyBelow(std::int32_t top, const ConfigurationRecord& configuration, const DisplayStateRecord* displayState);
+    void applyBelow(std::int32_t top, const ConfigurationRecord& configuration,
+                    const DisplayStateRecord* displayState);
     template <class Change>
     void changeNamed(std::int32_t top, const std::u16string& name, Change change);
 

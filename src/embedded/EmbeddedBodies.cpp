@@ -11,7 +11,8 @@ namespace {
 
 class EmbeddedFace final : public HostFace {
 public:
-    EmbeddedFace(SessionRef session, const FaceRecord& record) : session_(std::move(session)), record_(record) {}
+    EmbeddedFace(SessionRef session, const FaceRecord& record)
+        : session_(std::move(session)), record_(record) {}
 
     void faceTriangleCount(std::int32_t& count) const override {
         count = static_cast<std::int32_t>(record_.positions.size() / 9);
@@ -19,7 +20,9 @@ public:
     bool faceTrianglePositions(bool, std::span<float> positions) const override {
         return fill(record_.positions, positions);
     }
-    bool faceTriangleNormals(std::span<float> normals) const override { return fill(record_.normals, normals); }
+    bool faceTriangleNormals(std::span<float> normals) const override {
+        return fill(record_.normals, normals);
+    }
     bool faceTriangleTexCoords(std::span<float> texCoords) const override {
         return fill(record_.texCoords, texCoords);
     }
@@ -47,11 +50,13 @@ private:
 
 class EmbeddedBody final : public HostBody {
 public:
-    EmbeddedBody(SessionRef session, const BodyRecord& record) : session_(std::move(session)), record_(record) {}
+    EmbeddedBody(SessionRef session, const BodyRecord& record)
+        : session_(std::move(session)), record_(record) {}
 
     std::int32_t bodyFaceCount() const override { return static_cast<std::int32_t>(record_.faces.size()); }
     std::vector<HostRef<HostFace>> bodyFaces(std::int32_t count) const override {
-        const std::size_t wanted = std::min(record_.faces.size(), static_cast<std::size_t>(std::max(count, 0)));
+        const std::size_t wanted =
+            std::min(record_.faces.size(), static_cast<std::size_t>(std::max(count, 0)));
         std::vector<HostRef<HostFace>> faces;
         faces.reserve(wanted);
         for (std::size_t i = 0; i < wanted; ++i) {
@@ -72,7 +77,8 @@ public:
         : session_(std::move(session)), bodies_(std::move(bodies)) {}
 
     HostRef<HostBody> nextBody() override {
-        return next_ < bodies_.size() ? makeHostObject<EmbeddedBody>(session_, *bodies_[next_++]) : HostRef<HostBody>();
+        return next_ < bodies_.size() ? makeHostObject<EmbeddedBody>(session_, *bodies_[next_++])
+                                      : HostRef<HostBody>();
     }
     void reset() override { next_ = 0; }
 

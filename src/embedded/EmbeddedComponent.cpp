@@ -7,7 +7,9 @@ namespace orvane {
 
 namespace {
 
-std::int16_t toFlag(bool value) { return value ? -1 : 0; }
+std::int16_t toFlag(bool value) {
+    return value ? -1 : 0;
+}
 
 class EmbeddedComponent final : public HostComponent {
 public:
@@ -34,7 +36,8 @@ public:
     std::int32_t getComponentId() const override { return instance().id; }
 
     HostRef<HostTransform> getPlacement(std::int16_t) const override {
-        return instance().placement ? makeTransform(inRootSpace(*instance().placement)) : HostRef<HostTransform>();
+        return instance().placement ? makeTransform(inRootSpace(*instance().placement))
+                                    : HostRef<HostTransform>();
     }
     HostRef<HostTransform> getPlacementFallback() const override {
         const ComponentRecord* record = instance().record;
@@ -55,7 +58,8 @@ public:
     std::int32_t getState() const override { return instance().state; }
     void setState(std::int32_t state) override { instance().state = state; }
 
-    HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType, std::int16_t visibleOnly) const override {
+    HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType,
+                                                std::int16_t visibleOnly) const override {
         const ModelDocument* document = instance().record ? instance().record->document : nullptr;
         return document ? makeBodyEnumerator(session_, *document, bodyType, visibleOnly != 0)
                         : HostRef<HostBodyEnumerator>();
@@ -74,8 +78,8 @@ private:
         return instance().record ? instance().record->document : &session_->opened();
     }
 
-    /// Multiplies by the placements of the parents below the root, one after the other; a missing one counts as the
-    /// identity.
+    /// Multiplies by the placements of the parents below the root, one after the other; a missing one counts
+    /// as the identity.
     Placement inRootSpace(Placement placement) const {
         for (std::int32_t parent = instance().parent; parent > 0; parent = instanceAt(parent).parent) {
             if (const Placement* above = instanceAt(parent).placement) {

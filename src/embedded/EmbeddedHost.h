@@ -10,7 +10,8 @@ namespace orvane {
 /// The revision that the embedded host answers.
 inline constexpr std::int32_t kEmbeddedHostRevision = 28;
 
-/// A host in which `model` is open, its first document in front. Every host operation is answered from the records.
+/// A host in which `model` is open, its first document in front. Every host operation is answered from the
+/// records.
 HostRef<HostApplication> openEmbeddedHost(Model model);
 
 } // namespace orvane

@@ -12,7 +12,8 @@ public:
         : session_(std::move(session)), document_(document) {}
 
     HostRef<HostModelDoc> getModelDoc() const override { return makeModelDoc(session_, document_); }
-    HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType, std::int16_t visibleOnly) const override {
+    HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType,
+                                                std::int16_t visibleOnly) const override {
         return makeBodyEnumerator(session_, document_, bodyType, visibleOnly != 0);
     }
 
@@ -85,7 +86,8 @@ private:
     std::optional<std::size_t> findConfiguration(const std::u16string& name) const {
         if (isOpened()) {
             const auto found = session_->configurationsByName.find(name);
-            return found == session_->configurationsByName.end() ? std::nullopt : std::optional(found->second);
+            return found == session_->configurationsByName.end() ? std::nullopt
+                                                                 : std::optional(found->second);
         }
         for (std::size_t i = 0; i < document_.configurations.size(); ++i) {
             if (document_.configurations[i].name == name) {

@@ -19,8 +19,9 @@ void EmbeddedSession::showConfiguration(std::size_t position) {
     activeConfiguration = position;
     if (components) {
         const ConfigurationRecord& configuration = opened().configurations[position];
-        components->apply(configuration,
-                          configuration.displayStates.empty() ? nullptr : &configuration.displayStates.front());
+        components->apply(configuration, configuration.displayStates.empty()
+                                             ? nullptr
+                                             : &configuration.displayStates.front());
     }
 }
 

@@ -12,8 +12,8 @@
 
 namespace orvane {
 
-/// The one model that the embedded host has open, and all that changes while it is: shared by every host object, so that
-/// an object stays usable as long as someone holds it.
+/// The one model that the embedded host has open, and all that changes while it is: shared by every host
+/// object, so that an object stays usable as long as someone holds it.
 struct EmbeddedSession {
     explicit EmbeddedSession(Model openedModel);
 
@@ -24,10 +24,12 @@ struct EmbeddedSession {
     void applyDisplayState(std::size_t position);
 
     Model model;
-    std::size_t activeConfiguration = 0;                   ///< of the opened document
-    std::optional<ComponentInstances> components;          ///< of an assembly
-    std::unordered_map<std::u16string, std::size_t> configurationsByName; ///< of the opened document, first one of a name
-    std::unordered_map<const FaceRecord*, std::int32_t> faceMarks; ///< those that differ from the face's own value
+    std::size_t activeConfiguration = 0;          ///< of the opened document
+    std::optional<ComponentInstances> components; ///< of an assembly
+    std::unordered_map<std::u16string, std::size_t>
+        configurationsByName; ///< of the opened document, first one of a name
+    std::unordered_map<const FaceRecord*, std::int32_t>
+        faceMarks; ///< those that differ from the face's own value
 };
 
 using SessionRef = std::shared_ptr<EmbeddedSession>;

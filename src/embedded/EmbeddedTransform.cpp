@@ -21,6 +21,8 @@ private:
 
 } // namespace
 
-HostRef<HostTransform> makeTransform(const Placement& placement) { return makeHostObject<EmbeddedTransform>(placement); }
+HostRef<HostTransform> makeTransform(const Placement& placement) {
+    return makeHostObject<EmbeddedTransform>(placement);
+}
 
 } // namespace orvane

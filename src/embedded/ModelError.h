@@ -5,8 +5,8 @@
 
 namespace orvane {
 
-/// A model that cannot be read. `what()` is one line of UTF-8 that names the file, the place in it (a JSON path, a line
-/// number, or nothing for the file as a whole), what was found and what was expected.
+/// A model that cannot be read. `what()` is one line of UTF-8 that names the file, the place in it (a JSON
+/// path, a line number, or nothing for the file as a whole), what was found and what was expected.
 class ModelError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

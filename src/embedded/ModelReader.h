@@ -7,9 +7,9 @@
 
 namespace orvane {
 
-/// Reads a model document (`.tfgprt`, `.tfgasm`) or a STEP file (`.step`, `.stp`, any case) and everything that it
-/// refers to.
-/// Throws `ModelError` where any of it breaks a rule of the format; nothing is half read then.
+/// Reads a model document (`.tfgprt`, `.tfgasm`) or a STEP file (`.step`, `.stp`, any case) and everything
+/// that it refers to. Throws `ModelError` where any of it breaks a rule of the format; nothing is half read
+/// then.
 Model readModel(const std::filesystem::path& file, const MeshingOptions& options = {});
 
 } // namespace orvane

@@ -9,12 +9,14 @@
 #include <vector>
 
 /// The embedded host's picture of a model: plain records, filled by the readers and never changed afterwards.
-/// Lengths are metres, angles degrees, times seconds unless told otherwise. Texts are UTF-16 as the host answers them.
+/// Lengths are metres, angles degrees, times seconds unless told otherwise. Texts are UTF-16 as the host
+/// answers them.
 namespace orvane {
 
 using Vector3 = std::array<double, 3>;
 
-/// 0 to 8 the rotation block row by row for row vectors, 9 to 11 the translation, 12 the scale, 13 to 15 the rest.
+/// 0 to 8 the rotation block row by row for row vectors, 9 to 11 the translation, 12 the scale, 13 to 15 the
+/// rest.
 using Placement = std::array<double, 16>;
 inline constexpr Placement kIdentityPlacement = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
 
@@ -23,9 +25,9 @@ struct ModelDocument;
 /// Triangles of one face, three vertices each, never welded: 9, 9 and 6 numbers a triangle.
 struct FaceRecord {
     std::vector<float> positions;
-    std::vector<float> normals;    ///< as long as `positions`
-    std::vector<float> texCoords;  ///< two thirds of `positions`, or empty: all zeros
-    std::int32_t feature = -1;     ///< position in the document's `features`, flattened depth first; -1 none
+    std::vector<float> normals;   ///< as long as `positions`
+    std::vector<float> texCoords; ///< two thirds of `positions`, or empty: all zeros
+    std::int32_t feature = -1;    ///< position in the document's `features`, flattened depth first; -1 none
     std::int32_t userValue = 0;
 };
 
@@ -87,7 +89,8 @@ struct EntityRecord {
     std::u16string component;  ///< full name in the document that lists the appearance
 };
 
-/// Colours are 0x00BBGGRR. File names are absolute system paths in UTF-8, empty when there is none; they may be missing.
+/// Colours are 0x00BBGGRR. File names are absolute system paths in UTF-8, empty when there is none; they may
+/// be missing.
 struct AppearanceRecord {
     std::string file, texture, bumpTexture;
     std::uint32_t primaryColor = 0x7F7F7F, secondaryColor = 0, tertiaryColor = 0, specularColor = 0;
@@ -207,11 +210,13 @@ struct ComponentRecord {
     std::u16string name;                     ///< leaf name, without '/'
     const ModelDocument* document = nullptr; ///< the document that it shows, or null
     std::optional<std::int32_t> id;
-    std::optional<Placement> placement = kIdentityPlacement; ///< relative to the parent; nothing: none is answered
+    std::optional<Placement> placement =
+        kIdentityPlacement; ///< relative to the parent; nothing: none is answered
     std::optional<Placement> placementFallback;
     bool loaded = true, suppressed = false, hidden = false;
     std::int32_t state = 3; ///< 0 suppressed, 1 lightweight, 2 fully resolved, 3 resolved
-    std::optional<std::vector<ComponentRecord>> components; ///< nothing: those of `document`, where it is an assembly
+    std::optional<std::vector<ComponentRecord>>
+        components; ///< nothing: those of `document`, where it is an assembly
     std::vector<DecalRecord> decals;
 };
 
@@ -226,7 +231,7 @@ enum class DocumentKind { part, assembly };
 /// One part or assembly document.
 struct ModelDocument {
     DocumentKind kind = DocumentKind::part;
-    std::u16string path;  ///< absolute, with `\` between folders on every system
+    std::u16string path; ///< absolute, with `\` between folders on every system
     std::u16string title;
     std::vector<ConfigurationRecord> configurations; ///< at least one
     std::size_t activeConfiguration = 0;
@@ -246,8 +251,9 @@ struct ModelDocument {
     std::optional<std::array<double, 6>> box; ///< x0 y0 z0 x1 y1 z1
 };
 
-/// A model as it is opened: its own document and every document that it refers to, each once, in depth-first order of
-/// first mention, and what a person should be told although the model can be used (one line of UTF-8 each).
+/// A model as it is opened: its own document and every document that it refers to, each once, in depth-first
+/// order of first mention, and what a person should be told although the model can be used (one line of UTF-8
+/// each).
 struct Model {
     std::vector<std::unique_ptr<ModelDocument>> documents; ///< the opened one first
     std::vector<std::string> warnings;

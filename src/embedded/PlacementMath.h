@@ -9,7 +9,8 @@ namespace orvane {
 /// The placement that applies `a` first and `b` after it.
 Placement multiplyPlacements(const Placement& a, const Placement& b);
 
-/// The placement that undoes `a`: its block transposed, its scale's reciprocal. A scale of 0 gives infinities.
+/// The placement that undoes `a`: its block transposed, its scale's reciprocal. A scale of 0 gives
+/// infinities.
 Placement invertPlacement(const Placement& a);
 
 } // namespace orvane

@@ -8,7 +8,8 @@
 
 namespace orvane {
 
-/// The resolve states of all components below a root at one moment. Its end puts back every one that changed since.
+/// The resolve states of all components below a root at one moment. Its end puts back every one that changed
+/// since.
 class ComponentStateList {
 public:
     explicit ComponentStateList(const HostRef<HostComponent>& root);

@@ -14,7 +14,8 @@ void nameNode(GltfNode& node, const std::u16string& name) {
     node.name = node.fullName.substr(node.fullName.rfind('/') + 1);
 }
 
-/// Sets the node's matrix, relative to its parent; gives its placement in the root's space, empty where it has none.
+/// Sets the node's matrix, relative to its parent; gives its placement in the root's space, empty where it
+/// has none.
 HostRef<HostTransform> placeNode(const ExportContext& context, GltfNode& node, const HostComponent* component,
                                  const ParentNode* parent) {
     const HostRef<HostTransform> placement = component ? placementOf(*component) : HostRef<HostTransform>();
@@ -34,8 +35,9 @@ HostRef<HostTransform> placeNode(const ExportContext& context, GltfNode& node, c
 
 void buildMesh(ExportContext& context, GltfNode& node, const HostRef<HostComponent>& component,
                const HostRef<HostPart>& part) {
-    const HostRef<HostBodyEnumerator> bodies = component ? component->enumerateBodies(kSolidBody, kVisibleOnly)
-                                                         : part->enumerateBodies(kSolidBody, kVisibleOnly);
+    const HostRef<HostBodyEnumerator> bodies = component
+                                                   ? component->enumerateBodies(kSolidBody, kVisibleOnly)
+                                                   : part->enumerateBodies(kSolidBody, kVisibleOnly);
     if (!bodies) {
         return;
     }
@@ -54,8 +56,9 @@ HostRef<HostTransform> placementOf(const HostComponent& component) {
     return placement ? placement : component.getPlacementFallback();
 }
 
-void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& component, const HostRef<HostPart>& part,
-                        std::vector<std::int32_t>& nodeList, const ParentNode* parent) {
+void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& component,
+                        const HostRef<HostPart>& part, std::vector<std::int32_t>& nodeList,
+                        const ParentNode* parent) {
     if (context.report.hasFailed()) {
         return;
     }

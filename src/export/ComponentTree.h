@@ -16,11 +16,12 @@ struct ParentNode {
 /// The placement that a component answers, or its fallback; empty where it has neither.
 HostRef<HostTransform> placementOf(const HostComponent& component);
 
-/// Turns a component and everything below it into nodes, depth first, or a part into one node. Every component becomes a
-/// node; triangles only go into those that are loaded, not suppressed and not hidden, each judged by its own flags.
-/// `component` may be empty, and `part` is set then. The new node's id is appended to `nodeList`; `parent` is null at the
-/// top. Ends early when the export has failed.
-void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& component, const HostRef<HostPart>& part,
-                        std::vector<std::int32_t>& nodeList, const ParentNode* parent);
+/// Turns a component and everything below it into nodes, depth first, or a part into one node. Every
+/// component becomes a node; triangles only go into those that are loaded, not suppressed and not hidden,
+/// each judged by its own flags. `component` may be empty, and `part` is set then. The new node's id is
+/// appended to `nodeList`; `parent` is null at the top. Ends early when the export has failed.
+void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& component,
+                        const HostRef<HostPart>& part, std::vector<std::int32_t>& nodeList,
+                        const ParentNode* parent);
 
 } // namespace orvane

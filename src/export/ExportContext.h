@@ -18,8 +18,9 @@ struct ExportContext {
     GltfDocument& document;
     ExportReport& report;
     MeshBufferTarget meshBuffers;
-    std::u16string title;                 ///< of the document; the name of a part's node
-    HostRef<HostTransform> rootTransform; ///< by which every placement below the root is multiplied; one for each scene
+    std::u16string title; ///< of the document; the name of a part's node
+    HostRef<HostTransform>
+        rootTransform; ///< by which every placement below the root is multiplied; one for each scene
 };
 
 } // namespace orvane

@@ -9,8 +9,9 @@
 
 namespace orvane {
 
-/// The switches and folders of all exports of a process. Switches are the host's 16-bit flags: 0 is off, anything else on.
-/// Five of them are kept in the settings store under their own names; the others last as long as the process.
+/// The switches and folders of all exports of a process. Switches are the host's 16-bit flags: 0 is off,
+/// anything else on. Five of them are kept in the settings store under their own names; the others last as
+/// long as the process.
 class ExportOptions {
 public:
     /// All persistent switches off, folders on the user's desktop. Without a store nothing is kept.
@@ -25,7 +26,9 @@ public:
     std::int16_t exportCameras() const { return exportCameras_; }
     std::int16_t exportLights() const { return exportLights_; }
     void setExportAnimations(std::int16_t value) { setPersistent(&ExportOptions::exportAnimations_, value); }
-    void setExportExplodedViews(std::int16_t value) { setPersistent(&ExportOptions::exportExplodedViews_, value); }
+    void setExportExplodedViews(std::int16_t value) {
+        setPersistent(&ExportOptions::exportExplodedViews_, value);
+    }
     void setExportViews(std::int16_t value) { setPersistent(&ExportOptions::exportViews_, value); }
     void setExportCameras(std::int16_t value) { setPersistent(&ExportOptions::exportCameras_, value); }
     void setExportLights(std::int16_t value) { setPersistent(&ExportOptions::exportLights_, value); }

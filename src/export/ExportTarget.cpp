@@ -10,7 +10,8 @@ namespace orvane {
 
 namespace {
 
-/// Cuts `name` at its last dot and gives what stood behind it; without a dot `name` stays and the answer is empty.
+/// Cuts `name` at its last dot and gives what stood behind it; without a dot `name` stays and the answer is
+/// empty.
 std::string splitExtension(std::string& name) {
     const std::size_t dot = name.rfind('.');
     if (dot == std::string::npos) {
@@ -22,14 +23,16 @@ std::string splitExtension(std::string& name) {
 }
 
 std::string asciiLower(std::string text) {
-    std::ranges::transform(text, text.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::ranges::transform(text, text.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
     return text;
 }
 
 } // namespace
 
-ExportTarget resolveTarget(const ExportRequest& request, const ExportOptions& options, const std::string& title) {
+ExportTarget resolveTarget(const ExportRequest& request, const ExportOptions& options,
+                           const std::string& title) {
     ExportTarget target;
     std::string basePath;
     const std::string& path = request.saveAsPath.empty() ? request.exportPath : request.saveAsPath;

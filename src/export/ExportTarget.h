@@ -26,12 +26,13 @@ struct ExportTarget {
     std::string file() const { return destinationFolder + fileName + (isBinary() ? ".glb" : ".gltf"); }
 };
 
-/// Works out names and folders: from `saveAsPath`, else from `exportPath`, else from the document's title and the options.
-/// A text export lands in a folder of its own, named after the file, inside the chosen one.
-ExportTarget resolveTarget(const ExportRequest& request, const ExportOptions& options, const std::string& title);
+/// Works out names and folders: from `saveAsPath`, else from `exportPath`, else from the document's title and
+/// the options. A text export lands in a folder of its own, named after the file, inside the chosen one.
+ExportTarget resolveTarget(const ExportRequest& request, const ExportOptions& options,
+                           const std::string& title);
 
-/// Cuts a path behind the last whole `.extension` in it, so that what a host appended is gone. All in lower case.
-/// Empty when the path does not hold that suffix.
+/// Cuts a path behind the last whole `.extension` in it, so that what a host appended is gone. All in lower
+/// case. Empty when the path does not hold that suffix.
 std::string cutAfterExtension(const std::string& path, const std::string& extension);
 
 } // namespace orvane

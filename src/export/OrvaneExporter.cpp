@@ -52,7 +52,8 @@ COrvaneExporter::COrvaneExporter(const ExporterSurroundings& surroundings)
     options_.load();
 }
 
-void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& first, const std::string& second) {
+void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& first,
+                               const std::string& second) {
     const std::string narrow = toSystemNarrow(path);
     std::string cut = cutAfterExtension(narrow, first);
     if (cut.empty()) {
@@ -75,7 +76,8 @@ std::u16string COrvaneExporter::defaultDocumentTitle() {
 }
 
 ExportTarget COrvaneExporter::plannedTarget() {
-    return resolveTarget(request_, options_, titleFault() ? kNameWithoutTitle : toAsciiName(defaultDocumentTitle()));
+    return resolveTarget(request_, options_,
+                         titleFault() ? kNameWithoutTitle : toAsciiName(defaultDocumentTitle()));
 }
 
 /// Why the system takes no file of the title's name; nothing when it does, or when the request has a path.
@@ -91,13 +93,16 @@ bool COrvaneExporter::mayReplace(const ExportTarget& target) {
     if (target.fileExtension != "gltf" || request_.saveAsPath.empty()) {
         return true;
     }
-    // The host's own dialog has asked about a file in the chosen folder itself; the one that is written lies below it.
+    // The host's own dialog has asked about a file in the chosen folder itself; the one that is written lies
+    // below it.
     const std::string file = target.fileName + "." + target.fileExtension;
-    if (canOpenForReading(target.destinationFolderPre + file) || !canOpenForReading(target.destinationFolder + file)) {
+    if (canOpenForReading(target.destinationFolderPre + file) ||
+        !canOpenForReading(target.destinationFolder + file)) {
         return true;
     }
     return surroundings_.prompts &&
-           surroundings_.prompts->confirm(file + " already exists.\nDo you want to replace it?", "Confirm Save As");
+           surroundings_.prompts->confirm(file + " already exists.\nDo you want to replace it?",
+                                          "Confirm Save As");
 }
 
 void COrvaneExporter::exportActiveDocument() {
@@ -140,8 +145,8 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc) {
         return;
     }
     if (const auto fault = titleFault()) {
-        report_.warnings.push_back("the title is no file name, since it " + *fault + "; the result is named " +
-                                   kNameWithoutTitle);
+        report_.warnings.push_back("the title is no file name, since it " + *fault +
+                                   "; the result is named " + kNameWithoutTitle);
     } else if (const auto nameFault = fileNameFault(target.fileName + kLongestExtension)) {
         report_.errors.push_back("the file name " + target.fileName.substr(0, 40) + "... " + *nameFault +
                                  "; choose a shorter one");

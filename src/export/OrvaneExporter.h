@@ -23,15 +23,15 @@ inline constexpr std::int32_t kSupportedHostRevision = 28;
 /// What surrounds the exporter. All of it outlives the exporter; only the host has to be there.
 struct ExporterSurroundings {
     HostApplication& host;
-    UserPrompts* prompts = nullptr;        ///< without it nothing is shown, and every question is answered with No
+    UserPrompts* prompts = nullptr; ///< without it nothing is shown, and every question is answered with No
     WaitCursor* cursor = nullptr;
-    const LanguageTexts* texts = nullptr;  ///< without it every text is empty
+    const LanguageTexts* texts = nullptr; ///< without it every text is empty
     SettingsStore* settings = nullptr;
 };
 
-/// Takes save requests to finished files: one long synchronous operation at a time, on the host's main thread.
-/// It throws nothing and, but for the question whether to replace a file, says nothing; `report` tells what became of the
-/// last export.
+/// Takes save requests to finished files: one long synchronous operation at a time, on the host's main
+/// thread. It throws nothing and, but for the question whether to replace a file, says nothing; `report`
+/// tells what became of the last export.
 class COrvaneExporter {
 public:
     explicit COrvaneExporter(const ExporterSurroundings& surroundings);
@@ -39,8 +39,8 @@ public:
     COrvaneExporter(const COrvaneExporter&) = delete;
     COrvaneExporter& operator=(const COrvaneExporter&) = delete;
 
-    /// The host's save callbacks for parts and assemblies. `path` may carry something behind its extension, which goes;
-    /// one without a known extension leaves the request as it is.
+    /// The host's save callbacks for parts and assemblies. `path` may carry something behind its extension,
+    /// which goes; one without a known extension leaves the request as it is.
     void onSaveAsPart(const std::u16string& path) { onSaveAs(path, "gltf", "glb"); }
     void onSaveAsAssembly(const std::u16string& path) { onSaveAs(path, "glb", "gltf"); }
 

@@ -16,7 +16,9 @@ constexpr std::int64_t kLargestBinary = std::numeric_limits<std::uint32_t>::max(
 
 // No record asks for a picture as long as materials carry no textures.
 void copyNoPicture(const std::string&, std::string&, bool) {}
-std::string copyNoWorkingPicture(const std::string&, std::string&, bool) { return {}; }
+std::string copyNoWorkingPicture(const std::string&, std::string&, bool) {
+    return {};
+}
 
 void writeWholeText(GltfDocument& document, std::int32_t activeScene, TextStream::Drain drain) {
     TextStream gltf;
@@ -35,7 +37,8 @@ void putInPlace(OutputFile& file, const ExportTarget& target, ExportReport& repo
 
 } // namespace
 
-void writeTextScene(GltfDocument& document, std::int32_t activeScene, const ExportTarget& target, ExportReport& report) {
+void writeTextScene(GltfDocument& document, std::int32_t activeScene, const ExportTarget& target,
+                    ExportReport& report) {
     OutputFile file = OutputFile::createTemporary(target.destinationFolder);
     writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
     putInPlace(file, target, report);
@@ -58,8 +61,9 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
         total += range.length;
     }
     if (total > kLargestBinary) {
-        report.errors.push_back(nativePath(target.file()) +
-                                " would be larger than 4 GiB, the most that a .glb can hold; export a .gltf instead");
+        report.errors.push_back(
+            nativePath(target.file()) +
+            " would be larger than 4 GiB, the most that a .glb can hold; export a .gltf instead");
         return;
     }
     glb.beginBinChunk();

@@ -42,7 +42,8 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
 }
 
 /// `config` is what all scenes of the configuration have in common.
-void buildScene(ExportContext& context, HostConfiguration& configuration, const GltfScene& config, std::size_t state) {
+void buildScene(ExportContext& context, HostConfiguration& configuration, const GltfScene& config,
+                std::size_t state) {
     configuration.applyDisplayState(config.displayStateNames[state]);
     GltfScene scene = config;
     scene.name = config.name + " - " + config.displayStates[state];
@@ -56,7 +57,8 @@ void buildScene(ExportContext& context, HostConfiguration& configuration, const 
 
 enum class LoopStep { goOn, end };
 
-LoopStep buildConfiguration(ExportContext& context, const ConfigurationsToExport& configurations, std::size_t position) {
+LoopStep buildConfiguration(ExportContext& context, const ConfigurationsToExport& configurations,
+                            std::size_t position) {
     const HostRef<HostConfiguration>& wanted = configurations.configsToExport[position];
     const bool hasName = position < configurations.configNames.size();
     HostRef<HostConfiguration> shown = context.modelDoc->getActiveConfiguration();

@@ -18,8 +18,9 @@ struct ConfigurationsToExport {
 
 ConfigurationsToExport gatherConfigurations(HostModelDoc& modelDoc);
 
-/// Builds one scene for each pair of a configuration and a display state of it. The host is put into each pair, and is
-/// left in the last one. A configuration that the host does not show ends the loop with the scenes made so far.
+/// Builds one scene for each pair of a configuration and a display state of it. The host is put into each
+/// pair, and is left in the last one. A configuration that the host does not show ends the loop with the
+/// scenes made so far.
 void buildScenes(ExportContext& context, const ConfigurationsToExport& configurations);
 
 } // namespace orvane

@@ -7,9 +7,9 @@
 
 namespace orvane {
 
-/// Appends the display triangles of a body's faces to the streams of their materials, as the host gives them: nothing is
-/// welded, moved or left out. A face without any material goes to the null key. Opens a face's stream before it asks for
-/// the triangles, so that faces without any can leave an empty stream behind.
+/// Appends the display triangles of a body's faces to the streams of their materials, as the host gives them:
+/// nothing is welded, moved or left out. A face without any material goes to the null key. Opens a face's
+/// stream before it asks for the triangles, so that faces without any can leave an empty stream behind.
 void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& streams);
 
 /// Takes all bodies of an enumerator, in the host's order; those without faces add nothing.

@@ -14,7 +14,8 @@ class HostApplication : public HostObject {
 public:
     /// The document in front; empty when none is open.
     virtual HostRef<HostModelDoc> activeDocument() = 0;
-    /// Registers a name under which a client leaves marks on entities; the host may put another number into `id`.
+    /// Registers a name under which a client leaves marks on entities; the host may put another number into
+    /// `id`.
     virtual void registerTrackingId(const std::u16string& name, std::int32_t& id) = 0;
     virtual HostRef<HostMathUtility> mathUtility() = 0;
 };

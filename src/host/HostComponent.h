@@ -18,7 +18,8 @@ inline constexpr std::int32_t kComponentLightweight = 1;
 inline constexpr std::int32_t kComponentFullyResolved = 2;
 inline constexpr std::int32_t kComponentResolved = 3;
 
-/// One component of an assembly, or its root component. 16-bit answers are flags: 0 is false, anything else true.
+/// One component of an assembly, or its root component. 16-bit answers are flags: 0 is false, anything else
+/// true.
 class HostComponent : public HostObject {
 public:
     /// The document that the component shows, by asking the component for that interface; often empty.
@@ -48,7 +49,8 @@ public:
     virtual void setState(std::int32_t state) = 0;
 
     /// As `HostPart::enumerateBodies`, for the part that the component shows.
-    virtual HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType, std::int16_t visibleOnly) const = 0;
+    virtual HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType,
+                                                        std::int16_t visibleOnly) const = 0;
 };
 
 } // namespace orvane

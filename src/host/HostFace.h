@@ -7,8 +7,8 @@
 
 namespace orvane {
 
-/// A face of a body with the triangles that the host displays: three vertices a triangle, never welded, in metres in
-/// the body's own frame.
+/// A face of a body with the triangles that the host displays: three vertices a triangle, never welded, in
+/// metres in the body's own frame.
 class HostFace : public HostObject {
 public:
     /// Sets `count` to the number of display triangles; leaves it as it is when the host fails.

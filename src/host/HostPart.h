@@ -14,9 +14,10 @@ class HostPart : public HostObject {
 public:
     /// The part's document.
     virtual HostRef<HostModelDoc> getModelDoc() const = 0;
-    /// The bodies of one kind (see `kSolidBody`), only those shown when `visibleOnly` is not 0; empty when the host
-    /// gives no enumerator.
-    virtual HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType, std::int16_t visibleOnly) const = 0;
+    /// The bodies of one kind (see `kSolidBody`), only those shown when `visibleOnly` is not 0; empty when
+    /// the host gives no enumerator.
+    virtual HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType,
+                                                        std::int16_t visibleOnly) const = 0;
 };
 
 } // namespace orvane

@@ -19,8 +19,8 @@ public:
     HostRef(const HostRef& other) noexcept : HostRef(other.object_) {}
     HostRef(HostRef&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
     template <class U>
-        requires std::convertible_to<U*, T*>
-    HostRef(const HostRef<U>& other) noexcept : HostRef(other.get()) {}
+    requires std::convertible_to<U*, T*> HostRef(const HostRef<U>& other)
+    noexcept : HostRef(other.get()) {}
     ~HostRef() {
         if (object_) {
             object_->release();

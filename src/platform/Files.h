@@ -9,8 +9,8 @@
 #include <string_view>
 
 /// Files and folders by narrow paths, in which `\` and `/` both separate folders on every system.
-/// Nothing here throws but for lack of memory; failures are answered, with the system's own words where a person may
-/// have to be told.
+/// Nothing here throws but for lack of memory; failures are answered, with the system's own words where a
+/// person may have to be told.
 namespace orvane {
 
 using Bytes = std::span<const std::byte>;
@@ -39,20 +39,22 @@ std::string desktopFolder();
 /// The folder in which the process runs.
 std::string currentFolder();
 
-/// Why the system cannot take this as the name of a file, as the end of a sentence ("is longer than 255 bytes"); nothing
-/// when it can.
+/// Why the system cannot take this as the name of a file, as the end of a sentence ("is longer than 255
+/// bytes"); nothing when it can.
 std::optional<std::string> fileNameFault(std::string_view name);
 
-/// A file that is being written, moved along by its own position. After a failed call every later one fails too, and
-/// `error` keeps the first fault. A file that was never closed, or kept, is gone with the object where it was temporary.
+/// A file that is being written, moved along by its own position. After a failed call every later one fails
+/// too, and `error` keeps the first fault. A file that was never closed, or kept, is gone with the object
+/// where it was temporary.
 class OutputFile {
 public:
     /// Makes an empty file, or empties the one that is there.
     static OutputFile create(const std::string& path);
-    /// Makes a new file under a name of its own in `folder`, to be moved to its real name when it is complete.
+    /// Makes a new file under a name of its own in `folder`, to be moved to its real name when it is
+    /// complete.
     static OutputFile createTemporary(const std::string& folder);
-    /// Makes a file without any name, in the file system of `folder`: the system frees it with the object, also when the
-    /// process is killed.
+    /// Makes a file without any name, in the file system of `folder`: the system frees it with the object,
+    /// also when the process is killed.
     static OutputFile createNameless(const std::string& folder);
 
     OutputFile(OutputFile&& other) noexcept;

@@ -33,7 +33,9 @@ std::string randomName() {
     return name;
 }
 
-std::string folderOrHere(const std::string& folder) { return folder.empty() ? "." : nativePath(folder); }
+std::string folderOrHere(const std::string& folder) {
+    return folder.empty() ? "." : nativePath(folder);
+}
 
 /// Copies through a buffer of our own, from `offset` on, until `length` bytes or the end of the source.
 /// Gives the number of bytes, or -1 with the fault in `errno`.
@@ -63,7 +65,8 @@ std::int64_t copyRange(int source, std::int64_t offset, std::int64_t length, int
     std::int64_t done = 0;
     while (done < length) {
         off_t from = offset + done;
-        const ssize_t step = copy_file_range(source, &from, target, nullptr, static_cast<std::size_t>(length - done), 0);
+        const ssize_t step =
+            copy_file_range(source, &from, target, nullptr, static_cast<std::size_t>(length - done), 0);
         if (step == 0) {
             return done;
         }
@@ -118,9 +121,13 @@ FolderResult createFolder(const std::string& path, std::string& error) {
     return FolderResult::failed;
 }
 
-bool removeFile(const std::string& path) { return unlink(nativePath(path).c_str()) == 0; }
+bool removeFile(const std::string& path) {
+    return unlink(nativePath(path).c_str()) == 0;
+}
 
-bool removeEmptyFolder(const std::string& path) { return rmdir(nativePath(path).c_str()) == 0; }
+bool removeEmptyFolder(const std::string& path) {
+    return rmdir(nativePath(path).c_str()) == 0;
+}
 
 std::string desktopFolder() {
     const char* home = std::getenv("HOME");
@@ -157,7 +164,8 @@ OutputFile OutputFile::createTemporary(const std::string& folder) {
     int code = EEXIST;
     for (int attempt = 0; attempt < 100 && file.descriptor_ < 0 && code == EEXIST; ++attempt) {
         file.temporaryPath_ = nativePath(joinPath(folder, randomName()));
-        file.descriptor_ = open(file.temporaryPath_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode);
+        file.descriptor_ =
+            open(file.temporaryPath_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode);
         code = errno;
     }
     if (file.descriptor_ < 0) {
@@ -248,7 +256,8 @@ bool OutputFile::overwrite(std::int64_t offset, Bytes bytes) {
         return false;
     }
     const ssize_t written = pwrite(descriptor_, bytes.data(), bytes.size(), offset);
-    return written == static_cast<ssize_t>(bytes.size()) || fail("cannot be written", written < 0 ? errno : ENOSPC);
+    return written == static_cast<ssize_t>(bytes.size()) ||
+           fail("cannot be written", written < 0 ? errno : ENOSPC);
 }
 
 bool OutputFile::append(const OutputFile& source, std::int64_t offset, std::int64_t length) {

@@ -23,6 +23,8 @@ void* allocateMemory(std::size_t bytes) noexcept {
     return memory;
 }
 
-void freeMemory(void* memory) noexcept { std::free(memory); }
+void freeMemory(void* memory) noexcept {
+    std::free(memory);
+}
 
 } // namespace orvane

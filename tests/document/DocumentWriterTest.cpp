@@ -17,10 +17,10 @@ std::string documentText(GltfDocument& document) {
 
 /// The keys at the top level, by their two quotes behind at most three tabs and a following colon, in order.
 std::vector<std::string> sectionOrder(const std::string& text) {
-    static const std::vector<std::string> known = {"asset",      "extensionsUsed", "scene",       "scenes",   "nodes",
-                                                   "cameras",    "extensions",     "animations",  "meshes",   "accessors",
-                                                   "materials",  "textures",       "images",      "samplers", "bufferViews",
-                                                   "buffers"};
+    static const std::vector<std::string> known = {"asset",  "extensionsUsed", "scene",       "scenes",
+                                                   "nodes",  "cameras",        "extensions",  "animations",
+                                                   "meshes", "accessors",      "materials",   "textures",
+                                                   "images", "samplers",       "bufferViews", "buffers"};
     std::vector<std::pair<std::size_t, std::string>> found;
     for (const std::string& key : known) {
         for (const char* indent : {"\n\t\"", "\n\"", "\n\t\t\t\""}) {
@@ -77,9 +77,9 @@ TEST(DocumentWriter, WritesAllSectionsInTheirOrder) {
     addRecord(document.images);
     addRecord(document.samplers);
     EXPECT_EQ(sectionOrder(documentText(document)),
-              (std::vector<std::string>{"asset", "extensionsUsed", "scene", "scenes", "nodes", "cameras", "extensions",
-                                        "animations", "meshes", "accessors", "materials", "textures", "images",
-                                        "samplers", "bufferViews", "buffers"}));
+              (std::vector<std::string>{"asset", "extensionsUsed", "scene", "scenes", "nodes", "cameras",
+                                        "extensions", "animations", "meshes", "accessors", "materials",
+                                        "textures", "images", "samplers", "bufferViews", "buffers"}));
 }
 
 TEST(DocumentWriter, WritesScenesWithTheirExtensions) {

@@ -15,7 +15,8 @@ using testing::ElementsAre;
 using testing::FieldsAre;
 
 struct GlbMergeTest : testing::Test {
-    /// A buffer with one view over all of it; `content` may differ from `length` where a later file took the name.
+    /// A buffer with one view over all of it; `content` may differ from `length` where a later file took the
+    /// name.
     void addBuffer(const std::string& name, const std::string& content) {
         contents.push_back(content);
         folder.write(name, {.streams = {}, .pieces = {std::as_bytes(std::span(contents.back()))}});
@@ -98,7 +99,8 @@ TEST_F(GlbMergeTest, EmbedsPicturesBehindTheBuffers) {
     EXPECT_EQ(document.images[2]->mimeType, "image/jpeg");
     EXPECT_EQ(view(2).byteOffset, 7);
     EXPECT_EQ(document.buffers[0]->byteLength, 18);
-    EXPECT_EQ(disk.names(), (std::set<std::string>{"merged", "source.png", "photo"})) << "working copies are gone";
+    EXPECT_EQ(disk.names(), (std::set<std::string>{"merged", "source.png", "photo"}))
+        << "working copies are gone";
 }
 
 /// The bytes of a container with the given text and binary content.
@@ -123,7 +125,8 @@ TEST(GlbWriter, PadsBothChunksToMultiplesOfFour) {
     EXPECT_EQ(container("{  }", ""), "glTF\x02\0\0\0\x20\0\0\0\x04\0\0\0JSON{  }\0\0\0\0BIN\0"s);
     EXPECT_EQ(container("{   }", "abcdef"),
               "glTF\x02\0\0\0\x2C\0\0\0\x08\0\0\0JSON{   }   \x08\0\0\0BIN\0abcdef\0\0"s);
-    EXPECT_EQ(container("{\"a\":1}", "abc"), "glTF\x02\0\0\0\x28\0\0\0\x08\0\0\0JSON{\"a\":1} \x04\0\0\0BIN\0abc\0"s);
+    EXPECT_EQ(container("{\"a\":1}", "abc"),
+              "glTF\x02\0\0\0\x28\0\0\0\x08\0\0\0JSON{\"a\":1} \x04\0\0\0BIN\0abc\0"s);
 }
 
 } // namespace

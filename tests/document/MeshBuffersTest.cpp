@@ -46,8 +46,12 @@ struct MeshBuffersTest : testing::Test {
         stream.texCoords.grow(positions.size() / 3 * 2);
     }
 
-    const GltfPrimitive& primitive(std::size_t position) const { return document.meshes.back()->primitives[position]; }
-    const GltfAccessor& accessor(std::int32_t index) const { return *document.accessors[static_cast<std::size_t>(index)]; }
+    const GltfPrimitive& primitive(std::size_t position) const {
+        return document.meshes.back()->primitives[position];
+    }
+    const GltfAccessor& accessor(std::int32_t index) const {
+        return *document.accessors[static_cast<std::size_t>(index)];
+    }
     AccessorBounds bounds() const { return *accessor(primitive(0).position).bounds; }
 
     GltfDocument document;
@@ -77,7 +81,8 @@ TEST_F(MeshBuffersTest, LayTheFourRegionsBehindOneAnother) {
                 ElementsAre(12, 12, 8, 0));
     EXPECT_EQ(view(2).target, BufferTarget::vertices);
     EXPECT_EQ(view(3).target, BufferTarget::indices);
-    EXPECT_EQ(primitive(0).indices, 0) << "accessors are made in the order indices, positions, normals, coordinates";
+    EXPECT_EQ(primitive(0).indices, 0)
+        << "accessors are made in the order indices, positions, normals, coordinates";
     EXPECT_EQ(primitive(0).position, 1);
     EXPECT_EQ(primitive(0).normal, 2);
     EXPECT_EQ(primitive(0).texcoord, 3);
@@ -96,7 +101,8 @@ TEST_F(MeshBuffersTest, SplitWhatIndicesCannotReach) {
     EXPECT_EQ(accessor(primitive(1).position).byteOffset, 21'666 * 36);
     EXPECT_EQ(accessor(primitive(1).texcoord).byteOffset, 21'666 * 24);
     EXPECT_EQ(accessor(primitive(1).position).bufferView, accessor(primitive(0).position).bufferView);
-    EXPECT_THAT(folder.values<std::uint16_t>(name, 21'667 * 96 + 64'996 * 2, 5), ElementsAre(64996, 64997, 0, 1, 2));
+    EXPECT_THAT(folder.values<std::uint16_t>(name, 21'667 * 96 + 64'996 * 2, 5),
+                ElementsAre(64996, 64997, 0, 1, 2));
 }
 
 TEST_F(MeshBuffersTest, WrapIndicesWithoutALimit) {
@@ -116,7 +122,8 @@ TEST_F(MeshBuffersTest, StartBoundsWhereReadersExpectThem) {
 
 TEST_F(MeshBuffersTest, LetOnlyAValueStrictlyBeyondMoveABound) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
-    addPositions({5, nan, 1, -0.0f, nan, 1, 3, nan, 1, /* second triangle */ 0.0f, nan, 1, 0.0f, nan, 1, 0.0f, nan, 2});
+    addPositions({5, nan, 1, -0.0f, nan, 1, 3, nan, 1, /* second triangle */ 0.0f, nan, 1, 0.0f, nan, 1, 0.0f,
+                  nan, 2});
     write("zeros");
     EXPECT_THAT(bounds(), ElementsAre(0, kLargest, 1, 5, kSmallestNormal, 2));
     EXPECT_TRUE(std::signbit(bounds()[0])) << "of two zeros the first one stays";
@@ -140,7 +147,8 @@ TEST_F(MeshBuffersTest, TakeMaterialsInTheOrderOfTheirMaking) {
     EXPECT_EQ(primitive(1).material, 1) << "registered at its first use";
     EXPECT_EQ(primitive(2).material, 2);
     EXPECT_EQ(accessor(primitive(2).position).byteOffset, 72);
-    EXPECT_THAT(folder.values<std::uint16_t>(name, 4 * 96, 12), ElementsAre(0, 1, 2, 0, 1, 2, 0, 1, 2, 3, 4, 5));
+    EXPECT_THAT(folder.values<std::uint16_t>(name, 4 * 96, 12),
+                ElementsAre(0, 1, 2, 0, 1, 2, 0, 1, 2, 3, 4, 5));
 }
 
 TEST_F(MeshBuffersTest, WriteAnEmptyFileForFacesWithoutTriangles) {
@@ -154,14 +162,15 @@ TEST_F(MeshBuffersTest, WriteAnEmptyFileForFacesWithoutTriangles) {
 TEST_F(MeshBuffersTest, PileUpSuffixesOnTakenNames) {
     folder.files["b-1.bin"];
     folder.files["c.d.bin"];
-    for (const auto& [wanted, given] : std::vector<std::pair<std::string, std::string>>{{"a", "a.bin"},
-                                                                                        {"a", "a-1.bin"},
-                                                                                        {"a", "a-1-2.bin"},
-                                                                                        {"a", "a-1-2-3.bin"},
-                                                                                        {"a-1", "a-1-1.bin"},
-                                                                                        {"b", "b.bin"},
-                                                                                        {"b", "b-1-2.bin"},
-                                                                                        {"c.d", "c.d-1.bin"}}) {
+    for (const auto& [wanted, given] :
+         std::vector<std::pair<std::string, std::string>>{{"a", "a.bin"},
+                                                          {"a", "a-1.bin"},
+                                                          {"a", "a-1-2.bin"},
+                                                          {"a", "a-1-2-3.bin"},
+                                                          {"a-1", "a-1-1.bin"},
+                                                          {"b", "b.bin"},
+                                                          {"b", "b-1-2.bin"},
+                                                          {"c.d", "c.d-1.bin"}}) {
         addTriangles(1);
         EXPECT_EQ(write(wanted), given);
     }

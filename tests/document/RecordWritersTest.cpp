@@ -107,7 +107,8 @@ TEST(NodeWriter, WritesTheDisplayStatesOfItsComponent) {
               "\t\t\t\t\"TF_display_states\": {\n"
               "\t\t\t\t\t\"a\": { \"visible\":1, \"transparency\":0.75, \"display_mode\":\"unknown\" }\n"
               ",\n"
-              "\t\t\t\t\t\"b\": { \"visible\":0, \"transparency\":0, \"appearance\":7, \"display_mode\":\"shaded\" }\n"
+              "\t\t\t\t\t\"b\": { \"visible\":0, \"transparency\":0, \"appearance\":7, "
+              "\"display_mode\":\"shaded\" }\n"
               "\t\t\t\t}\n"
               "\t\t\t}\n"
               "\t\t}\n");
@@ -125,36 +126,41 @@ TEST(CameraWriter, WritesBothKinds) {
                                                                           "\t\t\t}\n"
                                                                           "\t\t}\n");
     camera.isPerspective = 0;
-    EXPECT_EQ(textOf([&](TextStream& out) { writeCamera(out, camera); }), "\t\t{\n"
-                                                                          "\t\t\t\"type\": \"orthographic\",\n"
-                                                                          "\t\t\t\"orthographic\" : {\n"
-                                                                          "\t\t\t\t\"xmag\": 1,\n"
-                                                                          "\t\t\t\t\"ymag\" : 1,\n"
-                                                                          "\t\t\t\t\"zfar\" : 100,\n"
-                                                                          "\t\t\t\t\"znear\" : 0.01\n"
-                                                                          "\t\t\t}\n"
-                                                                          "\t\t}\n");
+    EXPECT_EQ(textOf([&](TextStream& out) { writeCamera(out, camera); }),
+              "\t\t{\n"
+              "\t\t\t\"type\": \"orthographic\",\n"
+              "\t\t\t\"orthographic\" : {\n"
+              "\t\t\t\t\"xmag\": 1,\n"
+              "\t\t\t\t\"ymag\" : 1,\n"
+              "\t\t\t\t\"zfar\" : 100,\n"
+              "\t\t\t\t\"znear\" : 0.01\n"
+              "\t\t\t}\n"
+              "\t\t}\n");
 }
 
 TEST(BufferWriters, WriteOnlyWhatIsSet) {
-    EXPECT_EQ(textOf([](TextStream& out) { writeBuffer(out, {.index = 0, .uri = "a.bin", .byteLength = 12}); }),
-              "\t\t\t{\n\t\t\t\t\"byteLength\": 12\n\t\t\t\t,\"uri\" : \"a.bin\"\n\t\t\t}");
-    EXPECT_EQ(textOf([](TextStream& out) { writeBuffer(out, {}); }), "\t\t\t{\n\t\t\t\t\"byteLength\": 0\n\t\t\t}");
+    EXPECT_EQ(
+        textOf([](TextStream& out) { writeBuffer(out, {.index = 0, .uri = "a.bin", .byteLength = 12}); }),
+        "\t\t\t{\n\t\t\t\t\"byteLength\": 12\n\t\t\t\t,\"uri\" : \"a.bin\"\n\t\t\t}");
+    EXPECT_EQ(textOf([](TextStream& out) { writeBuffer(out, {}); }),
+              "\t\t\t{\n\t\t\t\t\"byteLength\": 0\n\t\t\t}");
     GltfBufferView view{.buffer = 1, .byteOffset = 5'000'000'000, .byteLength = 36};
-    EXPECT_EQ(textOf([&](TextStream& out) { writeBufferView(out, view); }), "\t\t\t{\n"
-                                                                            "\t\t\t\t\"buffer\": 1\n"
-                                                                            "\t\t\t\t,\"byteOffset\" : 5000000000\n"
-                                                                            "\t\t\t\t,\"byteLength\" : 36\n"
-                                                                            "\t\t\t}");
+    EXPECT_EQ(textOf([&](TextStream& out) { writeBufferView(out, view); }),
+              "\t\t\t{\n"
+              "\t\t\t\t\"buffer\": 1\n"
+              "\t\t\t\t,\"byteOffset\" : 5000000000\n"
+              "\t\t\t\t,\"byteLength\" : 36\n"
+              "\t\t\t}");
     view.byteStride = 12;
     view.target = BufferTarget::vertices;
-    EXPECT_EQ(textOf([&](TextStream& out) { writeBufferView(out, view); }), "\t\t\t{\n"
-                                                                            "\t\t\t\t\"buffer\": 1\n"
-                                                                            "\t\t\t\t,\"byteOffset\" : 5000000000\n"
-                                                                            "\t\t\t\t,\"byteLength\" : 36\n"
-                                                                            "\t\t\t\t,\"byteStride\" : 12\n"
-                                                                            "\t\t\t\t,\"target\" : 34962\n"
-                                                                            "\t\t\t}");
+    EXPECT_EQ(textOf([&](TextStream& out) { writeBufferView(out, view); }),
+              "\t\t\t{\n"
+              "\t\t\t\t\"buffer\": 1\n"
+              "\t\t\t\t,\"byteOffset\" : 5000000000\n"
+              "\t\t\t\t,\"byteLength\" : 36\n"
+              "\t\t\t\t,\"byteStride\" : 12\n"
+              "\t\t\t\t,\"target\" : 34962\n"
+              "\t\t\t}");
 }
 
 TEST(AccessorWriter, WritesBoundsInTheirOwnFormat) {
@@ -177,7 +183,8 @@ TEST(AccessorWriter, WritesBoundsInTheirOwnFormat) {
 
 TEST(MeshWriter, WritesItsPrimitives) {
     GltfMesh mesh;
-    EXPECT_EQ(textOf([&](TextStream& out) { writeMesh(out, mesh); }), "\t\t{\n\t\t\t\"primitives\" : [\n\t\t\t]\n\t\t}");
+    EXPECT_EQ(textOf([&](TextStream& out) { writeMesh(out, mesh); }),
+              "\t\t{\n\t\t\t\"primitives\" : [\n\t\t\t]\n\t\t}");
     mesh.primitives = {{.indices = 0, .position = 1, .normal = 2, .texcoord = 3, .material = 4}};
     EXPECT_EQ(textOf([&](TextStream& out) { writeMesh(out, mesh); }), "\t\t{\n"
                                                                       "\t\t\t\"primitives\" : [\n"
@@ -265,19 +272,20 @@ TEST(MaterialWriter, TakesRoughnessFromSpreadOnlyWhenBlurry) {
 
 TEST(LightWriter, WritesTheIntensityInEveryAttenuation) {
     GltfLight light{.index = 0, .type = 2, .color = {1, 0.5, 0}, .intensity = 2};
-    EXPECT_EQ(textOf([&](TextStream& out) { writeLight(out, light); }), "\t\t\t\t{\n"
-                                                                        "\t\t\t\t\t\"positional\": {\n"
-                                                                        "\t\t\t\t\t\t\"constantAttenuation\": 2,\n"
-                                                                        "\t\t\t\t\t\t\"linearAttenuation\": 2,\n"
-                                                                        "\t\t\t\t\t\t\"quadraticAttenuation\": 2\n"
-                                                                        "\t\t\t\t\t},\n"
-                                                                        "\t\t\t\t\t\"color\" : [\n"
-                                                                        "\t\t\t\t\t\t2,\n"
-                                                                        "\t\t\t\t\t\t1,\n"
-                                                                        "\t\t\t\t\t\t0\n"
-                                                                        "\t\t\t\t\t],\n"
-                                                                        "\t\t\t\t\t\"type\" : \"spot\"\n"
-                                                                        "\t\t\t\t}");
+    EXPECT_EQ(textOf([&](TextStream& out) { writeLight(out, light); }),
+              "\t\t\t\t{\n"
+              "\t\t\t\t\t\"positional\": {\n"
+              "\t\t\t\t\t\t\"constantAttenuation\": 2,\n"
+              "\t\t\t\t\t\t\"linearAttenuation\": 2,\n"
+              "\t\t\t\t\t\t\"quadraticAttenuation\": 2\n"
+              "\t\t\t\t\t},\n"
+              "\t\t\t\t\t\"color\" : [\n"
+              "\t\t\t\t\t\t2,\n"
+              "\t\t\t\t\t\t1,\n"
+              "\t\t\t\t\t\t0\n"
+              "\t\t\t\t\t],\n"
+              "\t\t\t\t\t\"type\" : \"spot\"\n"
+              "\t\t\t\t}");
     light.type = 4;
     const std::string directional = textOf([&](TextStream& out) { writeLight(out, light); });
     EXPECT_EQ(directional.find("positional"), std::string::npos);
@@ -291,9 +299,13 @@ TEST(LightWriter, WritesTheIntensityInEveryAttenuation) {
 TEST(AnimationWriter, WritesSamplersAndChannelsInStep) {
     GltfAnimation animation;
     animation.name = "a";
-    animation.channels = {{.node = 4, .path = ChannelPath::rotation, .interpolation = Interpolation::step, .input = 7,
-                           .output = 9},
-                          {.node = 5, .path = ChannelPath::scale, .interpolation = Interpolation::cubicSpline}};
+    animation.channels = {
+        {.node = 4,
+         .path = ChannelPath::rotation,
+         .interpolation = Interpolation::step,
+         .input = 7,
+         .output = 9},
+        {.node = 5, .path = ChannelPath::scale, .interpolation = Interpolation::cubicSpline}};
     EXPECT_EQ(textOf([&](TextStream& out) { writeAnimation(out, animation); }),
               "\t\t\t\t{\n"
               "\t\t\t\t\t\"name\" : \"a\",\n"
@@ -372,7 +384,7 @@ TEST(SamplerWriter, WritesItsFixedValues) {
 }
 
 TEST(ExtensionWriters, WriteCustomPropertiesWithTheNameOfTheirType) {
-    const std::vector<CustomProperty> properties = {{"a", "1", 3}, {"b", "x", 5}, {"c", "y", 11},
+    const std::vector<CustomProperty> properties = {{"a", "1", 3},  {"b", "x", 5},  {"c", "y", 11},
                                                     {"d", "z", 30}, {"e", "w", 64}, {"f", "\"", 7}};
     EXPECT_EQ(textOf([&](TextStream& out) { writeCustomProperties(out, properties); }),
               "\t\t\t\t\t\"custom_properties\": [\n"
@@ -387,7 +399,9 @@ TEST(ExtensionWriters, WriteCustomPropertiesWithTheNameOfTheirType) {
 
 TEST(ExtensionWriters, WriteTables) {
     const ExportedTable table{"T", {"h1", "h2"}, {{"a", "b", "c"}, {"d", "", "f"}}};
-    EXPECT_EQ(textOf([&](TextStream& out) { writeGeneralTables(out, std::vector{table, ExportedTable{}}); }),
+    EXPECT_EQ(textOf([&](TextStream& out) {
+                  writeGeneralTables(out, std::vector{table, ExportedTable{}});
+              }),
               "\t\t\t\"tables\": [\n"
               "\t\t\t\t{\n"
               "\t\t\t\t\t\"title\": \"T\",\n"
@@ -408,15 +422,16 @@ TEST(ExtensionWriters, WriteTables) {
               "\t\t\t\t\t]\n"
               "\t\t\t\t}\n"
               "\n\t\t\t]\n");
-    EXPECT_EQ(textOf([&](TextStream& out) { writeDesignTable(out, table); }), "\t\t\t\"title\": \"T\",\n"
-                                                                              "\t\t\t\"headers\": [\n"
-                                                                              "\t\t\t\t\"h1\",\n"
-                                                                              "\t\t\t\t\"h2\"\n"
-                                                                              "\t\t\t],\n"
-                                                                              "\t\t\t\"values\": [\n"
-                                                                              "\t\t\t\t[ \"a\", \"b\", \"c\" ],\n"
-                                                                              "\t\t\t\t[ \"d\", \"\", \"f\" ]\n"
-                                                                              "\t\t\t]\n");
+    EXPECT_EQ(textOf([&](TextStream& out) { writeDesignTable(out, table); }),
+              "\t\t\t\"title\": \"T\",\n"
+              "\t\t\t\"headers\": [\n"
+              "\t\t\t\t\"h1\",\n"
+              "\t\t\t\t\"h2\"\n"
+              "\t\t\t],\n"
+              "\t\t\t\"values\": [\n"
+              "\t\t\t\t[ \"a\", \"b\", \"c\" ],\n"
+              "\t\t\t\t[ \"d\", \"\", \"f\" ]\n"
+              "\t\t\t]\n");
 }
 
 } // namespace

@@ -21,8 +21,9 @@ protected:
     }
 
     std::vector<double> matrixOf(const nlohmann::json& gltf, std::size_t node) {
-        return gltf["nodes"][node].contains("matrix") ? gltf["nodes"][node]["matrix"].get<std::vector<double>>()
-                                                      : std::vector<double>();
+        return gltf["nodes"][node].contains("matrix")
+                   ? gltf["nodes"][node]["matrix"].get<std::vector<double>>()
+                   : std::vector<double>();
     }
 
     ModelBuilder builder;
@@ -39,10 +40,12 @@ TEST_F(ComponentTree, GivesEveryComponentANodeAndShownOnesAMesh) {
     suppressed.suppressed = true;
     ComponentRecord unloaded = component(u"unloaded");
     unloaded.loaded = false;
-    const nlohmann::json gltf = exported(
-        {component(u"shown"), hidden, suppressed, unloaded, ModelBuilder::component(u"empty"), component(u"last")});
-    EXPECT_THAT(sceneTexts(gltf),
-                ElementsAre("Default - Display State 1 = top[shown:0 hidden[inside:1] suppressed unloaded empty last:2]"));
+    const nlohmann::json gltf = exported({component(u"shown"), hidden, suppressed, unloaded,
+                                          ModelBuilder::component(u"empty"), component(u"last")});
+    EXPECT_THAT(
+        sceneTexts(gltf),
+        ElementsAre(
+            "Default - Display State 1 = top[shown:0 hidden[inside:1] suppressed unloaded empty last:2]"));
 }
 
 TEST_F(ComponentTree, NumbersParentsBeforeTheirChildren) {
@@ -58,9 +61,11 @@ TEST_F(ComponentTree, WritesNamesBehindTheLastSlash) {
     ComponentRecord parent = component(u"Großteil:1");
     parent.components = {component(u"Ø\\x \"q\""), component(u"ȯ x"), component(u"")};
     const nlohmann::json gltf = exported({parent});
-    EXPECT_THAT(sceneTexts(gltf), ElementsAre("Default - Display State 1 = top[GroBteil_1:0[O_x _q_:1  x:2 :3]]"))
+    EXPECT_THAT(sceneTexts(gltf),
+                ElementsAre("Default - Display State 1 = top[GroBteil_1:0[O_x _q_:1  x:2 :3]]"))
         << "a character cut to a slash separates too";
-    EXPECT_EQ(run->folder.names("x"), (std::set<std::string>{"x.gltf", "GroBteil_1.bin", "O_x__q_.bin", "_x.bin", ".bin"}));
+    EXPECT_EQ(run->folder.names("x"),
+              (std::set<std::string>{"x.gltf", "GroBteil_1.bin", "O_x__q_.bin", "_x.bin", ".bin"}));
 }
 
 TEST_F(ComponentTree, PlacesNodesRelativeToTheirParents) {
@@ -69,8 +74,8 @@ TEST_F(ComponentTree, PlacesNodesRelativeToTheirParents) {
     parent.components = {component(u"child", moved(10, 0, 0))};
     const nlohmann::json gltf = exported({parent});
     EXPECT_THAT(matrixOf(gltf, 0), ElementsAre(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 100, 0, 0, 1));
-    // The root's own placement goes in front of every other: 100 turned by 90 degrees, and then taken back by the root's
-    // inverse.
+    // The root's own placement goes in front of every other: 100 turned by 90 degrees, and then taken back by
+    // the root's inverse.
     EXPECT_THAT(matrixOf(gltf, 1), ElementsAre(0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 1 - 100, 102, 3, 1));
     EXPECT_THAT(matrixOf(gltf, 2), ElementsAre(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 10, 0, 0, 1));
 }
@@ -123,9 +128,10 @@ Model lightweightModel() {
 
 TEST(LightweightComponents, AreResolvedForTheTimeOfTheExport) {
     ExportRun run(lightweightModel());
-    EXPECT_THAT(sceneTexts(run.json()), ElementsAre("Default - Display State 1 = top[a:0 b:1[c:2]]",
-                                                    "Two - A = top[a:3 b:4[c:5]]"));
-    const HostRef<HostComponent> root = run.host->activeDocument()->getActiveConfiguration()->getRootComponent();
+    EXPECT_THAT(sceneTexts(run.json()),
+                ElementsAre("Default - Display State 1 = top[a:0 b:1[c:2]]", "Two - A = top[a:3 b:4[c:5]]"));
+    const HostRef<HostComponent> root =
+        run.host->activeDocument()->getActiveConfiguration()->getRootComponent();
     EXPECT_EQ(root->getChildren()[0]->getState(), 3);
     EXPECT_EQ(root->getChildren()[1]->getState(), 1);
     EXPECT_EQ(root->getChildren()[1]->getChildren()[0]->getState(), 1);
@@ -134,7 +140,8 @@ TEST(LightweightComponents, AreResolvedForTheTimeOfTheExport) {
 TEST(LightweightComponents, HaveNoGeometryWhenTheyAreLeftAlone) {
     ExportRun run(lightweightModel());
     run.exporter.options().setResolveComponents(0);
-    EXPECT_THAT(sceneTexts(run.json()), ElementsAre("Default - Display State 1 = top[a:0 b[c]]", "Two - A = top[a:1 b[c]]"));
+    EXPECT_THAT(sceneTexts(run.json()),
+                ElementsAre("Default - Display State 1 = top[a:0 b[c]]", "Two - A = top[a:1 b[c]]"));
 }
 
 } // namespace

@@ -43,7 +43,8 @@ struct Surroundings : UserPrompts, WaitCursor, LanguageTexts, SettingsStore {
 struct Driver : testing::Test {
     HostRef<HostApplication> host = openEmbeddedHost(smallPart());
     Surroundings around;
-    COrvaneExporter exporter{{.host = *host, .prompts = &around, .cursor = &around, .texts = &around, .settings = &around}};
+    COrvaneExporter exporter{
+        {.host = *host, .prompts = &around, .cursor = &around, .texts = &around, .settings = &around}};
     TemporaryFolder folder;
 
     Driver() { exporter.hostRevision = 28; }
@@ -73,8 +74,9 @@ TEST_F(Driver, AsksBeforeItReplacesATextExportThatTheHostCouldNotSee) {
     around.events.clear();
     around.answer = false;
     exporter.onSaveAsAssembly(path("a.gltf"));
-    EXPECT_THAT(around.events,
-                ElementsAre("wait", "question Confirm Save As: a.gltf already exists.\nDo you want to replace it?"))
+    EXPECT_THAT(
+        around.events,
+        ElementsAre("wait", "question Confirm Save As: a.gltf already exists.\nDo you want to replace it?"))
         << "the pointer stays";
     EXPECT_EQ(readFile(folder / "a/a.gltf"), "before");
     EXPECT_EQ(folder.names("a").size(), 2u);
@@ -109,7 +111,8 @@ TEST_F(Driver, KeepsPersistentOptionsInTheStore) {
     exporter.options().setExportLights(-1);
     exporter.options().setExportViews(1);
     exporter.options().setResolveComponents(0);
-    EXPECT_EQ(around.stored, (std::map<std::string, std::uint32_t>{{"ExportLights", 0xFFFFFFFF}, {"ExportViews", 1}}));
+    EXPECT_EQ(around.stored,
+              (std::map<std::string, std::uint32_t>{{"ExportLights", 0xFFFFFFFF}, {"ExportViews", 1}}));
     const COrvaneExporter next({.host = *host, .settings = &around});
     ExportOptions reloaded(&around);
     reloaded.load();
@@ -124,15 +127,19 @@ TEST(ExportTarget, IsWorkedOutFromTheFirstPathGiven) {
     options.setDestinationDirectory(u"D:\\out");
     const auto describe = [&](const ExportRequest& request, const std::string& title = "a b.c.tfgprt") {
         const ExportTarget target = resolveTarget(request, options, title);
-        return target.destinationFolder + " " + target.fileName + " " + target.fileExtension + " " + target.file();
+        return target.destinationFolder + " " + target.fileName + " " + target.fileExtension + " " +
+               target.file();
     };
-    EXPECT_EQ(describe({.saveAsPath = "C:\\m\\a.gltf", .exportPath = "x.glb"}), "C:\\m\\a\\ a gltf C:\\m\\a\\a.gltf");
+    EXPECT_EQ(describe({.saveAsPath = "C:\\m\\a.gltf", .exportPath = "x.glb"}),
+              "C:\\m\\a\\ a gltf C:\\m\\a\\a.gltf");
     EXPECT_EQ(describe({.exportPath = "C:\\m/n\\a $1'.x.glb"}), "C:\\m/n\\ a__1_.x glb C:\\m/n\\a__1_.x.glb");
-    EXPECT_EQ(describe({.exportPath = "m/a.obj"}), "m\\ a obj m\\a.gltf") << "any other extension is text, without a folder";
+    EXPECT_EQ(describe({.exportPath = "m/a.obj"}), "m\\ a obj m\\a.gltf")
+        << "any other extension is text, without a folder";
     EXPECT_EQ(describe({.exportPath = "m/.d/a"}), "m/.d\\ a  m/.d\\a.gltf");
     EXPECT_EQ(describe({}), "D:\\out\\ a_b.c glb D:\\out\\a_b.c.glb");
     EXPECT_EQ(describe({}, "untitled"), "D:\\out\\ untitled glb D:\\out\\untitled.glb");
-    EXPECT_THAT(describe({.exportPath = "a.glb"}), HasSubstr(std::filesystem::current_path().string() + "\\ a glb"));
+    EXPECT_THAT(describe({.exportPath = "a.glb"}),
+                HasSubstr(std::filesystem::current_path().string() + "\\ a glb"));
 }
 
 TEST(CutAfterExtension, TakesTheLastWholeSuffixInLowerCase) {
@@ -189,7 +196,8 @@ TEST(Export, TellsWhatWentWrongAndLeavesNoHalfWrittenTarget) {
         return run.exporter.report().errors.empty() ? "" : run.exporter.report().errors.front();
     };
     ExportRun run(smallPart());
-    EXPECT_THAT(fault(run, std::string(300, 'n') + ".glb"), HasSubstr("is longer than 255 bytes; choose a shorter one"));
+    EXPECT_THAT(fault(run, std::string(300, 'n') + ".glb"),
+                HasSubstr("is longer than 255 bytes; choose a shorter one"));
     EXPECT_THAT(fault(run, "no/such/x.glb"), HasSubstr("cannot be made: No such file or directory"));
     std::filesystem::create_directory(run.folder / "taken.glb");
     EXPECT_THAT(fault(run, "taken.glb"), HasSubstr("taken.glb cannot be put in its place: Is a directory"));

@@ -16,8 +16,9 @@ TEST(Scenes, StandForEveryPairOfAConfigurationAndADisplayState) {
     part.activeConfiguration = 2;
     ExportRun run(builder.take());
     const nlohmann::json gltf = run.json();
-    EXPECT_THAT(sceneTexts(gltf), ElementsAre("Small - A = plate.v2.tfgprt:0", "Small - Be = plate.v2.tfgprt:1",
-                                              "Large size - A = plate.v2.tfgprt:2"));
+    EXPECT_THAT(sceneTexts(gltf),
+                ElementsAre("Small - A = plate.v2.tfgprt:0", "Small - Be = plate.v2.tfgprt:1",
+                            "Large size - A = plate.v2.tfgprt:2"));
     EXPECT_EQ(gltf["scene"], 2) << "counts configurations, also those without a scene";
     EXPECT_EQ(gltf["scenes"][1]["extensions"]["TF_display_states"].dump(), R"({"A":{},"Be":{}})");
     EXPECT_EQ(gltf["scenes"][2]["extensions"]["TF_display_states"].dump(), R"({"A":{}})");
@@ -26,7 +27,8 @@ TEST(Scenes, StandForEveryPairOfAConfigurationAndADisplayState) {
 TEST(Scenes, LeaveTheHostInTheConfigurationItWasIn) {
     ModelBuilder builder;
     ModelDocument& part = builder.part(u"p.tfgprt");
-    part.configurations = {ModelBuilder::configuration(u"One", {u"A"}), ModelBuilder::configuration(u"Two", {u"A"})};
+    part.configurations = {ModelBuilder::configuration(u"One", {u"A"}),
+                           ModelBuilder::configuration(u"Two", {u"A"})};
     part.activeConfiguration = 1;
     ExportRun run(builder.take());
     run.run("x.glb");
@@ -39,7 +41,8 @@ TEST(Scenes, ShowTheBodiesOfTheirConfiguration) {
     part.bodies.push_back({.name = u"Rib", .faces = {triangleFace(), triangleFace()}});
     part.bodies.push_back({.name = u"Sheet", .kind = BodyKind::surface, .faces = {triangleFace()}});
     part.bodies.push_back({.name = u"Ghost", .visible = false, .faces = {triangleFace()}});
-    part.configurations = {ModelBuilder::configuration(u"All", {u"A"}), ModelBuilder::configuration(u"Rib", {u"A"}),
+    part.configurations = {ModelBuilder::configuration(u"All", {u"A"}),
+                           ModelBuilder::configuration(u"Rib", {u"A"}),
                            ModelBuilder::configuration(u"None", {u"A"})};
     part.configurations[1].bodies = {u"Rib"};
     part.configurations[2].bodies = std::vector<std::u16string>{};
@@ -60,7 +63,8 @@ Model carModel() {
     axle.components = {ModelBuilder::component(u"left", &wheel, moved(0, 1, 0)),
                        ModelBuilder::component(u"right", &wheel, turned(0, -1, 0)),
                        ModelBuilder::component(u"nut", &wheel)};
-    axle.configurations = {ModelBuilder::configuration(u"Other", {u"S"}), ModelBuilder::configuration(u"Used", {u"S"})};
+    axle.configurations = {ModelBuilder::configuration(u"Other", {u"S"}),
+                           ModelBuilder::configuration(u"Used", {u"S"})};
     axle.activeConfiguration = 1;
     axle.configurations[0].hidden = {u"left", u"right"};
     axle.configurations[1].suppressed = {u"nut"};
@@ -81,9 +85,10 @@ Model carModel() {
 TEST(Scenes, LayDisplayStateOverConfigurationOverSubAssemblyOverComponent) {
     ExportRun run(carModel());
     const nlohmann::json gltf = run.json();
-    EXPECT_THAT(sceneTexts(gltf), ElementsAre("Full - All = car[front[left:0 right nut] rear[left:1 right:2 nut]]",
-                                              "Full - Rear only = car[front[left right nut] rear[left:3 right:4 nut]]",
-                                              "Bare - All = car[front[left:5 right:6 nut] rear[left:7 right nut]]"))
+    EXPECT_THAT(sceneTexts(gltf),
+                ElementsAre("Full - All = car[front[left:0 right nut] rear[left:1 right:2 nut]]",
+                            "Full - Rear only = car[front[left right nut] rear[left:3 right:4 nut]]",
+                            "Bare - All = car[front[left:5 right:6 nut] rear[left:7 right nut]]"))
         << "what hides or suppresses an assembly component leaves its children to their own flags";
     const auto translationOf = [&](std::size_t node) {
         const auto& matrix = gltf["nodes"][node]["matrix"];

@@ -20,7 +20,8 @@ public:
         exporter.hostRevision = kEmbeddedHostRevision;
     }
 
-    /// Exports as `name`, and gives the text of the `.gltf` or the whole `.glb`; empty when nothing was written.
+    /// Exports as `name`, and gives the text of the `.gltf` or the whole `.glb`; empty when nothing was
+    /// written.
     std::string run(const std::string& name) {
         exporter.request().exportPath = folder / name;
         exporter.exportActiveDocument();

@@ -61,7 +61,8 @@ public:
         return made;
     }
 
-    static ConfigurationRecord configuration(const std::u16string& name, const std::vector<std::u16string>& states) {
+    static ConfigurationRecord configuration(const std::u16string& name,
+                                             const std::vector<std::u16string>& states) {
         ConfigurationRecord made;
         made.name = name;
         for (const std::u16string& state : states) {

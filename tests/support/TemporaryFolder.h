@@ -10,8 +10,8 @@
 
 namespace orvane {
 
-/// A folder of its own for one test, gone with the object. Its name is in lower case, as the host's save callbacks make
-/// every path.
+/// A folder of its own for one test, gone with the object. Its name is in lower case, as the host's save
+/// callbacks make every path.
 class TemporaryFolder {
 public:
     TemporaryFolder() {

@@ -8,11 +8,13 @@
 
 #include <Interface_Check.hxx>
 #include <Interface_InterfaceModel.hxx>
+#include <Interface_ReportEntity.hxx>
 #include <STEPCAFControl_Reader.hxx>
 #include <StepBasic_Product.hxx>
 #include <StepBasic_ProductDefinition.hxx>
 #include <StepBasic_ProductDefinitionFormation.hxx>
 #include <StepData_StepModel.hxx>
+#include <StepGeom_CartesianPoint.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StepShape_ShellBasedSurfaceModel.hxx>
 #include <StepShape_SolidModel.hxx>
@@ -28,6 +30,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <fstream>
 
 namespace orvane {
@@ -219,12 +222,45 @@ void warnOfFaults(const STEPControl_Reader& reader, const StepDocument& step,
     }
 }
 
+// In the file's own unit. Points without end keep the kernel's repairs busy for ever.
+constexpr double kFarthest = 1e12;
+
+bool isBeyondMeasure(const Handle(StepGeom_CartesianPoint) & point) {
+    for (Standard_Integer i = 1; !point.IsNull() && i <= point->NbCoordinates(); ++i) {
+        if (!(std::abs(point->CoordinatesValue(i)) <= kFarthest)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// What the first damaged statement of the file lacks; empty where all are whole. The kernel goes on with nothing in the
+// place of what it could not read, and later reaches for it.
+std::string findDamage(const Handle(StepData_StepModel) & model) {
+    const auto label = [&](Standard_Integer i) {
+        return std::string(model->StringLabel(model->Value(i))->ToCString());
+    };
+    for (Standard_Integer i = 1; i <= model->NbEntities(); ++i) {
+        if (model->IsErrorEntity(i)) {
+            const Handle(Interface_Check) check = model->ReportEntity(i)->Check();
+            return label(i) + ' ' + (check->NbFails() > 0 ? check->CFail(1) : "damaged");
+        }
+        if (isBeyondMeasure(Handle(StepGeom_CartesianPoint)::DownCast(model->Value(i)))) {
+            return label(i) + " farther away than anything is";
+        }
+    }
+    return {};
+}
+
 void parse(STEPControl_Reader& reader, const std::filesystem::path& file) {
     // The stream opens any path, and the kernel does not look for files of its own beside a bare name.
     std::ifstream stream(file, std::ios::binary);
     if (reader.ReadStream("model.step", stream) != IFSelect_RetDone) {
         throw ModelError(file.string() + ": found text that is not in the exchange structure of STEP, "
                                          "expected 'HEADER;', 'DATA;' and one entity a statement");
+    }
+    if (const std::string damage = findDamage(reader.StepModel()); !damage.empty()) {
+        throw ModelError(file.string() + ": found " + damage + ", expected statements with all that they need");
     }
     if (const std::string fault = findEndlessNesting(reader.WS()->Graph()); !fault.empty()) {
         throw ModelError(file.string() + ": found that " + fault +
