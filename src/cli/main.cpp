@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
 
     CLI::App app("Turns CAD models into glTF 2.0 scenes", "orvane");
     app.set_version_flag("--version", "orvane " ORVANE_VERSION);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     orvane::ExportArguments exportArguments;
     CLI::App* exportCommand = app.add_subcommand("export", "Export a model as .gltf or .glb");
     addExportOptions(*exportCommand, exportArguments);
@@ -76,6 +76,10 @@ int main(int argc, char** argv) {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return answerParseError(app, error);
+    }
+    if (app.get_subcommands().empty()) {
+        std::cerr << "orvane: a command is missing: orvane export MODEL (see orvane --help)\n";
+        return kWrongUsage;
     }
     try {
         return orvane::runExport(exportArguments);

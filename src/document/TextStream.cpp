@@ -8,6 +8,11 @@ namespace {
 
 template <class Value, class... Format>
 void appendNumber(std::string& text, Value value, Format... format) {
+    if (value != value) {
+        // What is not a number has no sign that all machines agree on.
+        text += "nan";
+        return;
+    }
     char digits[64];
     const auto result = std::to_chars(digits, digits + sizeof digits, value, format...);
     text.append(digits, result.ptr);

@@ -82,9 +82,8 @@ private:
     /// as the identity.
     Placement inRootSpace(Placement placement) const {
         for (std::int32_t parent = instance().parent; parent > 0; parent = instanceAt(parent).parent) {
-            if (const Placement* above = instanceAt(parent).placement) {
-                placement = multiplyPlacements(placement, *above);
-            }
+            const Placement* above = instanceAt(parent).placement;
+            placement = multiplyPlacements(placement, above ? *above : kIdentityPlacement);
         }
         return placement;
     }

@@ -22,8 +22,9 @@ struct ExportTarget {
     std::string fileExtension;        ///< without the dot
 
     bool isBinary() const { return fileExtension == "glb"; }
-    /// The file that is written: `.glb` for a binary export, `.gltf` for every other extension.
-    std::string file() const { return destinationFolder + fileName + (isBinary() ? ".glb" : ".gltf"); }
+    /// The name of the file that is written: `.glb` for a binary export, `.gltf` for every other extension.
+    std::string fullFileName() const { return fileName + (isBinary() ? ".glb" : ".gltf"); }
+    std::string file() const { return destinationFolder + fullFileName(); }
 };
 
 /// Works out names and folders: from `saveAsPath`, else from `exportPath`, else from the document's title and

@@ -18,7 +18,6 @@ namespace orvane {
 namespace {
 
 constexpr std::int32_t kTrackingId = 777;
-constexpr const char* kLongestExtension = ".gltf";
 /// The name of a file whose document has a title that the system takes for no file name.
 constexpr const char* kNameWithoutTitle = "scene";
 
@@ -59,7 +58,9 @@ void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& fi
     if (cut.empty()) {
         cut = cutAfterExtension(narrow, second);
     }
-    request_.saveAsPath = cut;
+    if (!cut.empty()) {
+        request_.saveAsPath = cut;
+    }
     exportActiveDocument();
 }
 
@@ -86,7 +87,7 @@ std::optional<std::string> COrvaneExporter::titleFault() {
         return std::nullopt;
     }
     const ExportTarget target = resolveTarget(request_, options_, toAsciiName(defaultDocumentTitle()));
-    return fileNameFault(target.fileName + kLongestExtension);
+    return fileNameFault(target.fullFileName());
 }
 
 bool COrvaneExporter::mayReplace(const ExportTarget& target) {
@@ -147,7 +148,7 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc) {
     if (const auto fault = titleFault()) {
         report_.warnings.push_back("the title is no file name, since it " + *fault +
                                    "; the result is named " + kNameWithoutTitle);
-    } else if (const auto nameFault = fileNameFault(target.fileName + kLongestExtension)) {
+    } else if (const auto nameFault = fileNameFault(target.fullFileName())) {
         report_.errors.push_back("the file name " + target.fileName.substr(0, 40) + "... " + *nameFault +
                                  "; choose a shorter one");
         return;

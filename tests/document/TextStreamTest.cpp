@@ -32,6 +32,7 @@ TEST(TextStream, WritesDoublesWithSixSignificantDigits) {
     EXPECT_EQ(written(999999.5), "1e+06");
     EXPECT_EQ(written(-0.0), "-0");
     EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "inf");
+    EXPECT_EQ(written(-std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(written(1e-300), "1e-300");
 }
 

@@ -140,6 +140,8 @@ void JsonCursor::numbers(std::span<double> out) const {
 }
 
 std::vector<double> JsonCursor::floatNumbers(std::size_t step) const {
+    // Half a step beyond the largest single precision number.
+    constexpr double kRoundsToInfinity = 0x1.ffffffp127;
     const std::size_t count = listSize();
     if (count % step != 0) {
         fail(std::to_string(count) + (count == 1 ? " number" : " numbers"),
@@ -149,7 +151,7 @@ std::vector<double> JsonCursor::floatNumbers(std::size_t step) const {
     for (std::size_t i = 0; i < count; ++i) {
         const JsonCursor item = at(i);
         out[i] = item.number();
-        if (std::abs(out[i]) > std::numeric_limits<float>::max()) {
+        if (std::abs(out[i]) >= kRoundsToInfinity) {
             item.mismatch("a number within 32-bit floating point");
         }
     }

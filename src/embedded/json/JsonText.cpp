@@ -72,7 +72,8 @@ public:
 
     bool null() override { return place(nullptr); }
     bool boolean(bool value) override { return place(value); }
-    bool number_integer(number_integer_t value) override { return place(value); }
+    /// The parser gives every number without a minus sign as unsigned: a 0 that comes here was written `-0`.
+    bool number_integer(number_integer_t value) override { return value == 0 ? place(-0.0) : place(value); }
     bool number_unsigned(number_unsigned_t value) override { return place(value); }
     bool number_float(number_float_t value, const string_t&) override { return place(value); }
     bool string(string_t& value) override { return place(std::move(value)); }

@@ -22,12 +22,22 @@ void readRotation(const JsonCursor& rotate, Placement& out) {
     std::ranges::copy(rotationBlock(axis, degrees), out.begin());
 }
 
+Vector3 scaledBy(const Vector3& v, double divisor) {
+    return {v[0] / divisor, v[1] / divisor, v[2] / divisor};
+}
+
+double lengthOf(const Vector3& v) {
+    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+}
+
 Vector3 normalised(const Vector3& v) {
-    // Dividing by the largest first keeps the squares of very long and very short axes in range.
-    const double largest = std::max({std::abs(v[0]), std::abs(v[1]), std::abs(v[2])});
-    const Vector3 w = {v[0] / largest, v[1] / largest, v[2] / largest};
-    const double length = std::sqrt(w[0] * w[0] + w[1] * w[1] + w[2] * w[2]);
-    return {w[0] / length, w[1] / length, w[2] / length};
+    const double length = lengthOf(v);
+    if (std::isnormal(length)) {
+        return scaledBy(v, length);
+    }
+    // The squares of a very long or very short axis are out of range.
+    const Vector3 scaled = scaledBy(v, std::max({std::abs(v[0]), std::abs(v[1]), std::abs(v[2])}));
+    return scaledBy(scaled, lengthOf(scaled));
 }
 
 } // namespace
