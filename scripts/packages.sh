@@ -1,4 +1,5 @@
 # Sourced by the scripts at the root: installs Debian packages that are missing. Says nothing when none is.
+# shellcheck shell=bash disable=SC2034
 
 # Open CASCADE's development packages hang on one another; this one brings the others.
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libocct-data-exchange-dev)
