@@ -19,6 +19,9 @@ void pileUp(std::string& name, std::int32_t& counter, const BufferFolder& folder
 
 std::string BufferNames::claim(const std::string& wanted, std::int32_t bufferIndex,
                                const BufferFolder& folder, ExportReport& report) {
+    if (!fileNameFault(wanted) && !folder.contains(wanted)) {
+        return wanted;
+    }
     Pile& pile = piles_.try_emplace(wanted, Pile{wanted}).first->second;
     if (!pile.isUnusable) {
         pileUp(pile.name, pile.counter, folder);

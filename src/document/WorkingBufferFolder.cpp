@@ -7,8 +7,9 @@ namespace orvane {
 
 namespace {
 
-/// Enough for the system to write at full speed.
-constexpr std::int64_t kMostHeld = std::int64_t{4} << 20;
+/// Enough for writes that cost the system little beyond the bytes, and little enough to stay in the
+/// processor's cache.
+constexpr std::int64_t kMostHeld = std::int64_t{256} << 10;
 
 std::int64_t sizeOf(const BufferContent& content) {
     std::size_t size = 0;

@@ -32,10 +32,12 @@ struct Command : testing::Test {
     /// Runs `orvane` with these arguments in the folder, after the shell's `before`.
     Outcome run(const std::string& arguments, const std::string& before = "true") {
         const TemporaryFolder streams;
-        const std::string line = "cd '" + folder.path().string() + "' && " + before + " && '" ORVANE_COMMAND "' " +
-                                 arguments + " >'" + (streams / "out") + "' 2>'" + (streams / "err") + "'";
+        const std::string line = "cd '" + folder.path().string() + "' && " + before +
+                                 " && '" ORVANE_COMMAND "' " + arguments + " >'" + (streams / "out") +
+                                 "' 2>'" + (streams / "err") + "'";
         const int status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(streams / "out"), readFile(streams / "err")};
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(streams / "out"),
+                readFile(streams / "err")};
     }
 
     /// Expects a run that fails with one line and leaves no new file.
@@ -83,7 +85,8 @@ TEST_F(Command, TellsWrongUsageApart) {
     expectRefusal("", "command", 2);
     expectRefusal("draw", "draw", 2);
     expectRefusal("export", "MODEL is required", 2);
-    expectRefusal("export plate.tfgprt -o scene.obj", "OUT has to end in a file name with .glb or .gltf, found 'scene.obj'", 2);
+    expectRefusal("export plate.tfgprt -o scene.obj",
+                  "OUT has to end in a file name with .glb or .gltf, found 'scene.obj'", 2);
     expectRefusal("export plate.tfgprt -o out/", "OUT has to end in a file name", 2);
     expectRefusal("export plate.tfgprt --colour", "--colour", 2);
     expectRefusal("export plate.tfgprt --deflection -1", "METRES has to be a number above 0, found '-1'", 2);
@@ -117,7 +120,8 @@ TEST_F(Command, RefusesModelsThatItCannotRead) {
 TEST_F(Command, RefusesTargetsThatCannotBeWritten) {
     writeFile(folder / "file", "");
     expectRefusal("export plate.tfgprt -o file/x.glb", "cannot be made");
-    expectRefusal("export plate.tfgprt -o new/" + std::string(300, 'n') + ".gltf", "is longer than 255 bytes");
+    expectRefusal("export plate.tfgprt -o new/" + std::string(300, 'n') + ".gltf",
+                  "is longer than 255 bytes");
     expectRefusal("export plate.tfgprt -o /proc/x.glb", "cannot be created");
     expectRefusal("export plate.tfgprt -o /proc/new/x.gltf", "cannot be made");
 }

@@ -37,7 +37,9 @@ TEST(ModelReader, TakesTheLargestSinglePrecisionNumberAndEmptyNames) {
     const std::vector<float>& positions = part.documents[0]->bodies[0].faces[0].positions;
     EXPECT_EQ(positions[0], std::numeric_limits<float>::max());
     EXPECT_TRUE(std::signbit(positions[2]));
-    EXPECT_EQ(files.readText("a.tfgasm", R"({"components": [{"name": ""}]})").documents[0]->components[0].name, u"");
+    EXPECT_EQ(
+        files.readText("a.tfgasm", R"({"components": [{"name": ""}]})").documents[0]->components[0].name,
+        u"");
 }
 
 TEST(ModelReader, Placements) {
@@ -54,7 +56,8 @@ TEST(ModelReader, Placements) {
     };
     EXPECT_EQ(placementOf("[1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16]"),
               (Placement{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
-    EXPECT_TRUE(std::signbit(placementOf("[1,-0,-0.0,0,1,0,0,0,1,0,0,0,1,0,0,0]")[1])) << "a written sign stays";
+    EXPECT_TRUE(std::signbit(placementOf("[1,-0,-0.0,0,1,0,0,0,1,0,0,0,1,0,0,0]")[1]))
+        << "a written sign stays";
     EXPECT_EQ(placementOf("{}"), kIdentityPlacement);
     EXPECT_EQ(placementOf(R"({"translate": [1, -2, 3], "scale": 0.5})"),
               (Placement{1, 0, 0, 0, 1, 0, 0, 0, 1, 1, -2, 3, 0.5, 0, 0, 0}));

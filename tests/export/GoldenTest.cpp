@@ -1,5 +1,6 @@
-// Whole exports of a small assembly against what they are known to be. When the output is meant to change, run the test
-// program once with ORVANE_REGENERATE=1 in its environment, and read the difference before it is committed.
+// Whole exports of a small assembly against what they are known to be. When the output is meant to change,
+// run the test program once with ORVANE_REGENERATE=1 in its environment, and read the difference before it is
+// committed.
 
 #include "embedded/ModelReader.h"
 #include "support/ExportRun.h"

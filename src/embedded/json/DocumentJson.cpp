@@ -8,8 +8,8 @@
 #include "embedded/json/JsonCursor.h"
 #include "embedded/json/MotionJson.h"
 #include "embedded/json/TableJson.h"
-#include "platform/Utf8.h"
 #include "embedded/json/ViewJson.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 
