@@ -542,10 +542,17 @@ TEST_F(StepReaderTest, RefusesWhatIsNoReadableStepFile) {
     EXPECT_THAT(errorOfReading(folder), HasSubstr("found no file"));
 }
 
-TEST_F(StepReaderTest, TellsOfStatementsThatItCannotRead) {
+TEST_F(StepReaderTest, RefusesDamageOnlyWhereSomethingShownNeedsIt) {
     const std::string good = contentOf(saveShape(folder / "good.step", box(1, 1, 1)));
-    const Model model = read(write("hurt.step", replaced(good, "= PLANE('',#", "= PLANE('',,#")));
-    EXPECT_THAT(model.warnings, testing::Contains(HasSubstr("hurt.step: ")));
+    EXPECT_THAT(errorOfReading(write("hurt.step", replaced(good, "= PLANE('',#", "= PLANE('',$,#"))),
+                HasSubstr("expected whole statements"));
+    EXPECT_THAT(errorOfReading(write(
+                    "far.step", replaced(good, "CARTESIAN_POINT('',(0.,", "CARTESIAN_POINT('',(1.E300,"))),
+                HasSubstr("farther away"));
+    const Model model =
+        read(write("person.step", replaced(good, "DATA;", "DATA;\n#90000=PERSON(#90001,1.5);")));
+    EXPECT_EQ(model.documents.front()->bodies.size(), 1u);
+    EXPECT_THAT(model.warnings, testing::Contains(HasSubstr("person.step: #90000 ")));
 }
 
 TEST_F(StepReaderTest, SurvivesProductsAndShapesThatHoldThemselves) {
@@ -575,7 +582,7 @@ TEST_F(StepReaderTest, CountsComponentsWithoutExpandingThem) {
     std::string levels;
     for (int level = 0; level <= 21; ++level) {
         const std::string number = std::to_string(90000 + level);
-        levels += "#" + number + "=PRODUCT_DEFINITION('','',$,$);\n";
+        levels += "#" + number + "=PRODUCT_DEFINITION('','',#6,#9);\n";
         for (int usage = 1; usage <= 2 && level > 0; ++usage) {
             levels += "#" + std::to_string(90000 + 100 * usage + level) +
                       "=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#" + number + ",#" +

@@ -3,18 +3,16 @@
 #include "embedded/ModelError.h"
 #include "embedded/step/ExternalReferences.h"
 #include "embedded/step/NestingCheck.h"
+#include "embedded/step/StepDamage.h"
 #include "embedded/step/StepFileCheck.h"
 #include "embedded/step/StepText.h"
 
-#include <Interface_Check.hxx>
 #include <Interface_InterfaceModel.hxx>
-#include <Interface_ReportEntity.hxx>
 #include <STEPCAFControl_Reader.hxx>
 #include <StepBasic_Product.hxx>
 #include <StepBasic_ProductDefinition.hxx>
 #include <StepBasic_ProductDefinitionFormation.hxx>
 #include <StepData_StepModel.hxx>
-#include <StepGeom_CartesianPoint.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StepShape_ShellBasedSurfaceModel.hxx>
 #include <StepShape_SolidModel.hxx>
@@ -30,15 +28,11 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <fstream>
 
 namespace orvane {
 
 namespace {
-
-// A damaged file can have a fault in every line.
-constexpr Standard_Integer kMostFaults = 10;
 
 std::u16string textOf(const Handle(TCollection_HAsciiString) & text) {
     return text.IsNull() ? std::u16string() : fromStepText(text->ToCString());
@@ -210,57 +204,20 @@ void assignExternalFiles(const std::vector<ExternalReference>& references,
     }
 }
 
-void warnOfFaults(const STEPControl_Reader& reader, const StepDocument& step,
-                  std::vector<std::string>& warnings) {
-    const Handle(Interface_Check) check = reader.StepModel()->GlobalCheck();
-    for (Standard_Integer i = 1; i <= std::min(check->NbFails(), kMostFaults); ++i) {
-        warnings.push_back(step.file.string() + ": " + check->CFail(i) + "; what depends on it is missing");
-    }
-    if (check->NbFails() > kMostFaults) {
-        warnings.push_back(step.file.string() + ": " + std::to_string(check->NbFails() - kMostFaults) +
-                           " more faults");
-    }
-}
-
-// In the file's own unit. Points without end keep the kernel's repairs busy for ever.
-constexpr double kFarthest = 1e12;
-
-bool isBeyondMeasure(const Handle(StepGeom_CartesianPoint) & point) {
-    for (Standard_Integer i = 1; !point.IsNull() && i <= point->NbCoordinates(); ++i) {
-        if (!(std::abs(point->CoordinatesValue(i)) <= kFarthest)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// What the first damaged statement of the file lacks; empty where all are whole. The kernel goes on with nothing in the
-// place of what it could not read, and later reaches for it.
-std::string findDamage(const Handle(StepData_StepModel) & model) {
-    const auto label = [&](Standard_Integer i) {
-        return std::string(model->StringLabel(model->Value(i))->ToCString());
-    };
-    for (Standard_Integer i = 1; i <= model->NbEntities(); ++i) {
-        if (model->IsErrorEntity(i)) {
-            const Handle(Interface_Check) check = model->ReportEntity(i)->Check();
-            return label(i) + ' ' + (check->NbFails() > 0 ? check->CFail(1) : "damaged");
-        }
-        if (isBeyondMeasure(Handle(StepGeom_CartesianPoint)::DownCast(model->Value(i)))) {
-            return label(i) + " farther away than anything is";
-        }
-    }
-    return {};
-}
-
-void parse(STEPControl_Reader& reader, const std::filesystem::path& file) {
+void parse(STEPControl_Reader& reader, const std::filesystem::path& file,
+           std::vector<std::string>& warnings) {
     // The stream opens any path, and the kernel does not look for files of its own beside a bare name.
     std::ifstream stream(file, std::ios::binary);
     if (reader.ReadStream("model.step", stream) != IFSelect_RetDone) {
         throw ModelError(file.string() + ": found text that is not in the exchange structure of STEP, "
                                          "expected 'HEADER;', 'DATA;' and one entity a statement");
     }
-    if (const std::string damage = findDamage(reader.StepModel()); !damage.empty()) {
-        throw ModelError(file.string() + ": found " + damage + ", expected statements with all that they need");
+    const Damage damage = findDamage(reader.WS()->Graph());
+    if (!damage.fatal.empty()) {
+        throw ModelError(file.string() + ": found " + damage.fatal + ", expected whole statements");
+    }
+    for (const std::string& fault : damage.harmless) {
+        warnings.push_back(file.string() + ": " + fault);
     }
     if (const std::string fault = findEndlessNesting(reader.WS()->Graph()); !fault.empty()) {
         throw ModelError(file.string() + ": found that " + fault +
@@ -286,8 +243,7 @@ StepDocument loadStepDocument(const std::filesystem::path& file, std::vector<std
     reader.SetMatMode(Standard_False);
     reader.SetViewMode(Standard_False);
     reader.SetSHUOMode(Standard_True);
-    parse(reader.ChangeReader(), file);
-    warnOfFaults(reader.Reader(), step, warnings);
+    parse(reader.ChangeReader(), file, warnings);
     const std::vector<ExternalReference> references =
         takeExternalReferences(reader.Reader().WS(), file.parent_path());
     if (!reader.Transfer(step.document)) {
