@@ -1,6 +1,7 @@
 #include "document/TextStream.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace orvane {
 
@@ -20,11 +21,6 @@ void appendNumber(std::string& text, Value value, Format... format) {
 
 } // namespace
 
-TextStream& TextStream::operator<<(std::string_view text) {
-    text_ += text;
-    return *this;
-}
-
 TextStream& TextStream::operator<<(std::int32_t value) {
     appendNumber(text_, value);
     return *this;
@@ -36,6 +32,13 @@ TextStream& TextStream::operator<<(std::int64_t value) {
 }
 
 TextStream& TextStream::operator<<(double value) {
+    // Most numbers of most matrices are 0 and 1. Whole numbers of up to six digits look the same as integers.
+    if (std::abs(value) < 1e6 && !(value == 0 && std::signbit(value))) {
+        const auto whole = static_cast<std::int32_t>(value);
+        if (whole == value) {
+            return *this << whole;
+        }
+    }
     appendNumber(text_, value, std::chars_format::general, 6);
     return *this;
 }

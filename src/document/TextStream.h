@@ -16,7 +16,10 @@ class TextStream {
 public:
     using Drain = std::function<void(std::string_view)>;
 
-    TextStream& operator<<(std::string_view text);
+    TextStream& operator<<(std::string_view text) {
+        text_.append(text);
+        return *this;
+    }
     TextStream& operator<<(std::int32_t value);
     TextStream& operator<<(std::int64_t value);
     TextStream& operator<<(double value);

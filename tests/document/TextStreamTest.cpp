@@ -29,7 +29,11 @@ TEST(TextStream, WritesDoublesWithSixSignificantDigits) {
     EXPECT_EQ(written(12.34567), "12.3457");
     EXPECT_EQ(written(127 / 255.0), "0.498039");
     EXPECT_EQ(written(1234567), "1.23457e+06");
+    EXPECT_EQ(written(999999), "999999");
+    EXPECT_EQ(written(-999999.4), "-999999");
     EXPECT_EQ(written(999999.5), "1e+06");
+    EXPECT_EQ(written(-1000000), "-1e+06");
+    EXPECT_EQ(written(1e10), "1e+10");
     EXPECT_EQ(written(-0.0), "-0");
     EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "inf");
     EXPECT_EQ(written(-std::numeric_limits<double>::quiet_NaN()), "nan");
