@@ -2,7 +2,9 @@
 
 #include "document/GeomStream.h"
 #include "platform/Files.h"
+#include "platform/Memory.h"
 
+#include <memory_resource>
 #include <string>
 #include <vector>
 
@@ -18,7 +20,13 @@ struct BufferContent {
 /// The folder into which the buffers of an export go, each under its name.
 class BufferFolder {
 public:
+    BufferFolder() = default;
+    BufferFolder(const BufferFolder&) = delete;
+    BufferFolder& operator=(const BufferFolder&) = delete;
     virtual ~BufferFolder() = default;
+
+    /// Where contents take their memory from. It serves the many blocks of like size again and again.
+    std::pmr::memory_resource& memory() { return memory_; }
 
     /// Whether a file of that name is there.
     virtual bool contains(const std::string& name) const = 0;
@@ -30,6 +38,10 @@ public:
     virtual void settle() {}
     /// Whether a person meets the names of the files.
     virtual bool showsNames() const = 0;
+
+private:
+    std::pmr::unsynchronized_pool_resource memory_{
+        {.max_blocks_per_chunk = 64, .largest_required_pool_block = 64 * 1024}, &largePageMemory()};
 };
 
 } // namespace orvane

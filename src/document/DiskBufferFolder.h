@@ -14,8 +14,6 @@ class DiskBufferFolder : public BufferFolder {
 public:
     /// `folder` has to be there; `report` gets the first fault and outlives the object.
     DiskBufferFolder(std::string folder, ExportReport& report);
-    DiskBufferFolder(const DiskBufferFolder&) = delete;
-    DiskBufferFolder& operator=(const DiskBufferFolder&) = delete;
     ~DiskBufferFolder() override;
 
     bool contains(const std::string& name) const override;

@@ -1,9 +1,6 @@
 #include "document/GeomStream.h"
 
-#include "platform/Memory.h"
-
 #include <algorithm>
-#include <new>
 
 namespace orvane {
 
@@ -13,26 +10,16 @@ namespace {
 constexpr std::size_t kFirstBlock = 1 << 8;
 constexpr std::size_t kLargestBlock = 1 << 20;
 
-float* allocateFloats(std::size_t count) {
-    void* memory = allocateMemory(count * sizeof(float));
-    if (!memory) {
-        throw std::bad_alloc();
-    }
-    return static_cast<float*>(memory);
-}
-
 } // namespace
 
-void FloatBlocks::FreeFloats::operator()(float* floats) const noexcept {
-    freeMemory(floats);
-}
-
 std::span<float> FloatBlocks::grow(std::size_t count) {
-    if (blocks_.empty() || blocks_.back().capacity - blocks_.back().size < count) {
+    if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size < count) {
         const std::size_t usual =
-            blocks_.empty() ? kFirstBlock : std::min(blocks_.back().capacity * 2, kLargestBlock);
+            blocks_.empty() ? kFirstBlock : std::min(blocks_.back().capacity() * 2, kLargestBlock);
         const std::size_t capacity = std::max(count, usual);
-        blocks_.push_back({std::unique_ptr<float[], FreeFloats>(allocateFloats(capacity)), 0, capacity});
+        blocks_.reserve(blocks_.size() + 1); // so that the new memory finds its owner
+        void* floats = memory_->allocate(capacity * sizeof(float), alignof(float));
+        blocks_.push_back({{static_cast<float*>(floats), {memory_, capacity}}});
     }
     Block& block = blocks_.back();
     const std::span<float> grown(block.data.get() + block.size, count);

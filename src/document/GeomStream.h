@@ -5,15 +5,19 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <memory_resource>
 #include <span>
 #include <vector>
 
 namespace orvane {
 
-/// A growing array of floats in blocks that never move: growing copies nothing, and takes no more memory than
-/// it gives.
+/// A growing array of floats in blocks that never move: growing copies nothing, and takes little more memory
+/// than it gives.
 class FloatBlocks {
 public:
+    /// Blocks come from `memory`, which outlives the object.
+    explicit FloatBlocks(std::pmr::memory_resource& memory) : memory_(&memory) {}
+
     /// Appends `count` floats of any value that lie behind one another in memory, to be filled in place.
     std::span<float> grow(std::size_t count);
     std::size_t size() const { return size_; }
@@ -23,15 +27,21 @@ public:
     }
 
 private:
-    struct FreeFloats {
-        void operator()(float* floats) const noexcept;
+    struct GiveBack {
+        std::pmr::memory_resource* memory;
+        std::size_t count;
+        void operator()(float* floats) const {
+            memory->deallocate(floats, count * sizeof(float), alignof(float));
+        }
     };
     struct Block {
-        std::unique_ptr<float[], FreeFloats> data;
+        std::unique_ptr<float[], GiveBack> data;
         std::size_t size = 0;
-        std::size_t capacity = 0;
+
+        std::size_t capacity() const { return data.get_deleter().count; }
     };
 
+    std::pmr::memory_resource* memory_;
     std::vector<Block> blocks_;
     std::size_t size_ = 0;
 };
@@ -39,6 +49,9 @@ private:
 /// The triangles of one node under one material: three vertices a triangle, never welded, in the body's own
 /// frame. 9 positions in metres, 9 normals and 6 texture coordinates a triangle, always in step.
 struct GeomStream {
+    explicit GeomStream(std::pmr::memory_resource& memory)
+        : positions(memory), normals(memory), texCoords(memory) {}
+
     FloatBlocks positions;
     FloatBlocks normals;
     FloatBlocks texCoords;

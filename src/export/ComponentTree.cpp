@@ -43,7 +43,7 @@ void buildMesh(ExportContext& context, GltfNode& node, const HostRef<HostCompone
     }
     context.meshBuffers.folder.settle();
     GeomStreams streams;
-    tessellateBodies(*bodies, streams);
+    tessellateBodies(*bodies, streams, context.meshBuffers.folder.memory());
     if (!streams.empty()) {
         writeMeshBuffers(context.document, node, streams, context.meshBuffers);
     }

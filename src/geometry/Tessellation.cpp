@@ -15,9 +15,10 @@ void zeroUnless(bool isFilled, std::span<float> numbers) {
 
 } // namespace
 
-void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& streams) {
+void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& streams,
+                         std::pmr::memory_resource& memory) {
     for (const HostRef<HostFace>& face : faces) {
-        GeomStream& stream = streams[nullptr];
+        GeomStream& stream = streams.try_emplace(nullptr, memory).first->second;
         std::int32_t count = -1;
         face->faceTriangleCount(count);
         if (count <= 0) {
@@ -33,11 +34,11 @@ void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& 
     }
 }
 
-void tessellateBodies(HostBodyEnumerator& bodies, GeomStreams& streams) {
+void tessellateBodies(HostBodyEnumerator& bodies, GeomStreams& streams, std::pmr::memory_resource& memory) {
     while (const HostRef<HostBody> body = bodies.nextBody()) {
         const std::int32_t count = body->bodyFaceCount();
         if (count > 0) {
-            tessellateBodyFaces(body->bodyFaces(count), streams);
+            tessellateBodyFaces(body->bodyFaces(count), streams, memory);
         }
     }
 }

@@ -1,15 +1,12 @@
 #pragma once
 
-#include <cstddef>
+#include <memory_resource>
 
 namespace orvane {
 
-/// Memory of any content, aligned for every plain type; null when there is none. Large amounts come in the
-/// system's large pages where it has them, since touching millions of small ones for the first time costs
-/// more than filling them.
-void* allocateMemory(std::size_t bytes) noexcept;
-
-/// Gives back what `allocateMemory` gave.
-void freeMemory(void* memory) noexcept;
+/// Memory for large amounts of numbers. From a few MiB on it comes in the system's large pages where it has
+/// them, since touching millions of small ones for the first time costs more than filling them. Throws
+/// `std::bad_alloc` like any memory resource.
+std::pmr::memory_resource& largePageMemory();
 
 } // namespace orvane

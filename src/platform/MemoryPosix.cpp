@@ -1,6 +1,8 @@
 #include "platform/Memory.h"
 
+#include <cstddef>
 #include <cstdlib>
+#include <new>
 #include <sys/mman.h>
 
 namespace orvane {
@@ -9,22 +11,38 @@ namespace {
 
 constexpr std::size_t kLargePage = std::size_t{2} << 20;
 
+class LargePageMemory final : public std::pmr::memory_resource {
+    void* do_allocate(std::size_t bytes, std::size_t alignment) override {
+        if (bytes < 2 * kLargePage) {
+            return ::operator new(bytes, std::align_val_t(alignment));
+        }
+        const std::size_t rounded = (bytes + kLargePage - 1) / kLargePage * kLargePage;
+        void* memory = std::aligned_alloc(kLargePage, rounded);
+        if (!memory) {
+            throw std::bad_alloc();
+        }
+        madvise(memory, rounded, MADV_HUGEPAGE);
+        return memory;
+    }
+
+    void do_deallocate(void* memory, std::size_t bytes, std::size_t alignment) override {
+        if (bytes < 2 * kLargePage) {
+            ::operator delete(memory, std::align_val_t(alignment));
+        } else {
+            std::free(memory);
+        }
+    }
+
+    bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override {
+        return this == &other;
+    }
+};
+
 } // namespace
 
-void* allocateMemory(std::size_t bytes) noexcept {
-    if (bytes < 2 * kLargePage) {
-        return std::malloc(bytes);
-    }
-    const std::size_t rounded = (bytes + kLargePage - 1) / kLargePage * kLargePage;
-    void* memory = std::aligned_alloc(kLargePage, rounded);
-    if (memory) {
-        madvise(memory, rounded, MADV_HUGEPAGE);
-    }
+std::pmr::memory_resource& largePageMemory() {
+    static LargePageMemory memory;
     return memory;
-}
-
-void freeMemory(void* memory) noexcept {
-    std::free(memory);
 }
 
 } // namespace orvane

@@ -31,16 +31,20 @@ struct MeshBuffersTest : testing::Test {
         return document.buffers.back()->uri;
     }
 
+    GeomStream& streamOf(GltfMaterial* material) {
+        return streams.try_emplace(material, folder.memory()).first->second;
+    }
+
     /// Adds triangles of which every number has the given value.
     void addTriangles(std::size_t count, float value = 1, GltfMaterial* material = nullptr) {
-        GeomStream& stream = streams[material];
+        GeomStream& stream = streamOf(material);
         std::ranges::fill(stream.positions.grow(9 * count), value);
         std::ranges::fill(stream.normals.grow(9 * count), value + 0.25f);
         std::ranges::fill(stream.texCoords.grow(6 * count), value + 0.5f);
     }
 
     void addPositions(std::initializer_list<float> positions) {
-        GeomStream& stream = streams[nullptr];
+        GeomStream& stream = streamOf(nullptr);
         std::ranges::copy(positions, stream.positions.grow(positions.size()).begin());
         stream.normals.grow(positions.size());
         stream.texCoords.grow(positions.size() / 3 * 2);
@@ -55,8 +59,8 @@ struct MeshBuffersTest : testing::Test {
     AccessorBounds bounds() const { return *accessor(primitive(0).position).bounds; }
 
     GltfDocument document;
-    GeomStreams streams;
     MemoryFolder folder;
+    GeomStreams streams;
     BufferNames names;
     ExportReport report;
 };
@@ -152,7 +156,7 @@ TEST_F(MeshBuffersTest, TakeMaterialsInTheOrderOfTheirMaking) {
 }
 
 TEST_F(MeshBuffersTest, WriteAnEmptyFileForFacesWithoutTriangles) {
-    streams[nullptr];
+    streamOf(nullptr);
     const std::string name = write("empty");
     EXPECT_EQ(folder.files.at(name), "");
     EXPECT_TRUE(document.meshes[0]->primitives.empty());
