@@ -3,7 +3,6 @@
 #include "embedded/step/StepText.h"
 #include "platform/NarrowText.h"
 
-#include <BRepAdaptor_Surface.hxx>
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCone.hxx>
@@ -23,6 +22,7 @@
 #include <TopoDS_Compound.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_GraphNode.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 #include <gmock/gmock.h>
 #include <gp_Ax1.hxx>
@@ -494,6 +494,31 @@ TEST_F(StepReaderTest, TakesColoursAsTheFileWritesThem) {
     EXPECT_THAT(
         looksOf(documentTitled(model, u"Two")),
         testing::UnorderedElementsAre("body 30201 0 0/-1", "body 204080 0.75 1/-1", "face 7f00ff 0 0/0 0/2"));
+}
+
+TEST_F(StepReaderTest, PaintsOnlyTheInstanceThatTheFilePaints) {
+    StepMaker maker;
+    const TDF_Label part = maker.part(u"Box", box(1, 1, 1));
+    const TDF_Label plain = maker.assembly(u"Plain");
+    maker.place(plain, part, u"Inner", moved(1));
+    const TDF_Label unit = maker.assembly(u"Unit");
+    const TDF_Label inner = maker.place(unit, part, u"Inner", moved(1)); // as in the other one
+    maker.paint(inner, 1, 2, 3);
+    const TDF_Label root = maker.assembly(u"Root");
+    maker.place(root, plain, u"First", moved(10));
+    maker.place(root, unit, u"Second", moved(20));
+    const TDF_Label third = maker.place(root, unit, u"Third", moved(30));
+    TDF_LabelSequence path;
+    path.Append(third);
+    path.Append(inner);
+    Handle(XCAFDoc_GraphNode) usage;
+    ASSERT_TRUE(maker.shapes->SetSHUO(path, usage));
+    maker.paint(usage->Label(), 0, 255, 0);
+    const Model model = read(maker.save(folder / "paths.step"));
+    EXPECT_THAT(looksOf(*model.documents.front()), ElementsAre("component ff00 0 -1/-1Third/Inner"));
+    EXPECT_THAT(looksOf(documentTitled(model, u"Plain")), IsEmpty());
+    EXPECT_THAT(looksOf(documentTitled(model, u"Unit")), ElementsAre("component 30201 0 -1/-1Inner"));
+    EXPECT_THAT(looksOf(documentTitled(model, u"Box")), IsEmpty());
 }
 
 TEST_F(StepReaderTest, ReadsTheFilesThatAFileRefersTo) {

@@ -7,6 +7,7 @@
 #include "embedded/step/ShapeMesher.h"
 #include "embedded/step/StepColors.h"
 #include "platform/NarrowText.h"
+#include "platform/Utf8.h"
 
 #include <TopExp_Explorer.hxx>
 #include <gp_Mat.hxx>
@@ -173,7 +174,7 @@ const ModelDocument* ProductTree::documentOf(File& file, const TDF_Label& produc
 void ProductTree::fillPart(File& file, const TDF_Label& product, ModelDocument& part) {
     const TopoDS_Shape shape = XCAFDoc_ShapeTool::GetShape(product);
     const std::string what =
-        file.step.file.string() + ": part '" + toSystemNarrow(productName(file.step, product)) + "'";
+        file.step.file.string() + ": part '" + utf8FromUtf16(productName(file.step, product)) + "'";
     PartMesh mesh = meshShape(shape, options_, what, model_.warnings);
     part.bodies = std::move(mesh.bodies);
     nameBodies(file.step, mesh, part.bodies);
@@ -199,8 +200,12 @@ void ProductTree::fillAssembly(File& file, const TDF_LabelSequence& instances, M
         component.name = names.take(wanted[i]);
         component.placement = toPlacement(XCAFDoc_ShapeTool::GetLocation(instance).Transformation());
         component.document = documentOf(file, productOf(instance));
+        file.componentNames.Bind(instance, component.name);
+    }
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        const TDF_Label& instance = instances.Value(static_cast<Standard_Integer>(i) + 1);
         if (XCAFDoc_ShapeTool::IsReference(instance)) {
-            addInstanceLook(file.step, instance, component, assembly);
+            addInstanceLook(file.step, instance, file.componentNames, assembly.components[i], assembly);
         }
     }
 }

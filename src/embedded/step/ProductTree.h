@@ -29,6 +29,7 @@ private:
         std::u16string title;
         UniqueNames documentNames;
         LabelMap<const ModelDocument*> documents; ///< by product
+        LabelMap<std::u16string> componentNames;  ///< leaf names by instance
     };
 
     const ModelDocument* readRoots(File& file);

@@ -23,12 +23,7 @@ std::uint32_t toByte(double fraction) {
 }
 
 // The kernel keeps linear light; the file's numbers are what comes back as sRGB.
-std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
-    Quantity_ColorRGBA color;
-    if (!step.colors->GetColor(label, XCAFDoc_ColorSurf, color) &&
-        !step.colors->GetColor(label, XCAFDoc_ColorGen, color)) {
-        return std::nullopt;
-    }
+Look toLook(const Quantity_ColorRGBA& color) {
     double red = 0;
     double green = 0;
     double blue = 0;
@@ -36,6 +31,15 @@ std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
     // The kernel's opacity is a float, which must not show as 0.649999976.
     const double transparency = std::round((1 - static_cast<double>(color.Alpha())) * 1e6) / 1e6;
     return Look{toByte(red) | toByte(green) << 8 | toByte(blue) << 16, transparency};
+}
+
+std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
+    Quantity_ColorRGBA color;
+    if (!step.colors->GetColor(label, XCAFDoc_ColorSurf, color) &&
+        !step.colors->GetColor(label, XCAFDoc_ColorGen, color)) {
+        return std::nullopt;
+    }
+    return toLook(color);
 }
 
 // One appearance for all entities of a kind that look alike, in the order in which the looks are first met.
@@ -171,14 +175,25 @@ void addPartLook(const StepDocument& step, const TDF_Label& product, const PartM
     }
 }
 
-void addInstanceLook(const StepDocument& step, const TDF_Label& instance, ComponentRecord& component,
+void addInstanceLook(const StepDocument& step, const TDF_Label& instance,
+                     const LabelMap<std::u16string>& componentNames, ComponentRecord& component,
                      ModelDocument& assembly) {
     component.hidden = !step.colors->IsVisible(instance);
+    EntityRecord entity;
+    entity.kind = EntityKind::component;
+    entity.component = component.name;
     if (const std::optional<Look> look = lookOf(step, instance)) {
-        EntityRecord entity;
-        entity.kind = EntityKind::component;
-        entity.component = component.name;
         apply(*look, entity, assembly);
+    }
+    const std::vector<InstanceColor>* colors = step.instanceColors.Seek(instance);
+    for (std::size_t i = 0; colors != nullptr && i < colors->size(); ++i) {
+        entity.component.clear();
+        for (const TDF_Label& link : (*colors)[i].path) {
+            const std::u16string* name = componentNames.Seek(link);
+            entity.component += entity.component.empty() ? u"" : u"/";
+            entity.component += name == nullptr ? std::u16string() : *name;
+        }
+        apply(toLook((*colors)[i].color), entity, assembly);
     }
 }
 

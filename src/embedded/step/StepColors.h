@@ -13,9 +13,10 @@ namespace orvane {
 void addPartLook(const StepDocument& step, const TDF_Label& product, const PartMesh& mesh,
                  ModelDocument& part);
 
-/// Gives an assembly's document what the file says of one instance, a component of that document by its full
-/// name.
-void addInstanceLook(const StepDocument& step, const TDF_Label& instance, ComponentRecord& component,
+/// Gives an assembly's document what the file says of one instance in it and of those below that one. Needs
+/// the leaf names of all of them.
+void addInstanceLook(const StepDocument& step, const TDF_Label& instance,
+                     const LabelMap<std::u16string>& componentNames, ComponentRecord& component,
                      ModelDocument& assembly);
 
 } // namespace orvane

@@ -2,6 +2,7 @@
 
 #include "embedded/ModelError.h"
 #include "embedded/step/ExternalReferences.h"
+#include "embedded/step/InstanceStyles.h"
 #include "embedded/step/NestingCheck.h"
 #include "embedded/step/StepDamage.h"
 #include "embedded/step/StepFileCheck.h"
@@ -29,6 +30,7 @@
 #include <algorithm>
 #include <cctype>
 #include <fstream>
+#include <unordered_map>
 
 namespace orvane {
 
@@ -87,14 +89,14 @@ void readProductName(const Handle(StepBasic_ProductDefinition) & definition, con
 
 // The kernel finds an instance by its shape and location alone, which gives names away to instances of the
 // same product at the same place in other assemblies; here the parent decides.
-void readInstanceName(const Handle(StepRepr_NextAssemblyUsageOccurrence) & usage,
-                      const TransferResult& result, LabelMap<TDF_LabelSequence>& unnamed,
-                      StepDocument& step) {
+TDF_Label readInstance(const Handle(StepRepr_NextAssemblyUsageOccurrence) & usage,
+                       const TransferResult& result, LabelMap<TDF_LabelSequence>& unnamed,
+                       StepDocument& step) {
     const TDF_Label parent = result.labelOf(result.shapeOf(usage->RelatingProductDefinition()));
     const TopoDS_Shape shape = result.shapeOf(usage);
     const TDF_Label product = result.labelOf(shape);
     if (parent.IsNull() || product.IsNull() || !XCAFDoc_ShapeTool::IsAssembly(parent)) {
-        return;
+        return {};
     }
     if (!unnamed.IsBound(parent)) {
         TDF_LabelSequence components;
@@ -117,7 +119,33 @@ void readInstanceName(const Handle(StepRepr_NextAssemblyUsageOccurrence) & usage
             step.instanceNames.Bind(component, name);
         }
         components.Remove(i);
-        return;
+        return component;
+    }
+    return {};
+}
+
+void readInstances(const std::vector<InstanceStyle>& styles, const Handle(Interface_InterfaceModel) & model,
+                   const TransferResult& result, StepDocument& step) {
+    LabelMap<TDF_LabelSequence> unnamed;
+    std::unordered_map<const Standard_Transient*, TDF_Label> instances;
+    for (Standard_Integer i = 1; i <= model->NbEntities(); ++i) {
+        const auto usage = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(model->Value(i));
+        if (!usage.IsNull()) {
+            instances[usage.get()] = readInstance(usage, result, unnamed, step);
+        }
+    }
+    for (const InstanceStyle& style : styles) {
+        InstanceColor color{{}, style.color};
+        for (const auto& usage : style.path) {
+            color.path.push_back(instances[usage.get()]);
+        }
+        if (std::ranges::any_of(color.path, &TDF_Label::IsNull)) {
+            continue;
+        }
+        if (!step.instanceColors.IsBound(color.path.front())) {
+            step.instanceColors.Bind(color.path.front(), {});
+        }
+        step.instanceColors.ChangeFind(color.path.front()).push_back(color);
     }
 }
 
@@ -141,7 +169,8 @@ bool findAssemblies(const TDF_Label& label, const LabelMap<bool>& products, Step
     return assembly;
 }
 
-void readProducts(const STEPCAFControl_Reader& reader, StepDocument& step) {
+void readProducts(const STEPCAFControl_Reader& reader, const std::vector<InstanceStyle>& styles,
+                  StepDocument& step) {
     const TransferResult result(reader);
     const Handle(Interface_InterfaceModel)& model = reader.Reader().WS()->Model();
     LabelMap<bool> products;
@@ -163,13 +192,7 @@ void readProducts(const STEPCAFControl_Reader& reader, StepDocument& step) {
             }
         }
     }
-    LabelMap<TDF_LabelSequence> unnamed;
-    for (Standard_Integer i = 1; i <= model->NbEntities(); ++i) {
-        const auto usage = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(model->Value(i));
-        if (!usage.IsNull()) {
-            readInstanceName(usage, result, unnamed, step);
-        }
-    }
+    readInstances(styles, model, result, step);
     TDF_LabelSequence labels;
     step.shapes->GetShapes(labels);
     for (const TDF_Label& label : labels) {
@@ -236,20 +259,21 @@ StepDocument loadStepDocument(const std::filesystem::path& file, std::vector<std
     step.colors = XCAFDoc_DocumentTool::ColorTool(step.document->Main());
 
     STEPCAFControl_Reader reader;
-    reader.SetNameMode(Standard_False); // see `readInstanceName`
+    reader.SetNameMode(Standard_False); // see `readInstance`
     reader.SetLayerMode(Standard_False);
     reader.SetPropsMode(Standard_False);
     reader.SetGDTMode(Standard_False);
     reader.SetMatMode(Standard_False);
     reader.SetViewMode(Standard_False);
-    reader.SetSHUOMode(Standard_True);
+    reader.SetSHUOMode(Standard_False); // see `takeInstanceStyles`
     parse(reader.ChangeReader(), file, warnings);
     const std::vector<ExternalReference> references =
         takeExternalReferences(reader.Reader().WS(), file.parent_path());
+    const std::vector<InstanceStyle> styles = takeInstanceStyles(reader.Reader().WS());
     if (!reader.Transfer(step.document)) {
         throw ModelError(file.string() + ": found no shape, expected at least one product with a shape");
     }
-    readProducts(reader, step);
+    readProducts(reader, styles, step);
     assignExternalFiles(references, reader, step, warnings);
     step.shapes->GetFreeShapes(step.roots);
     return step;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <NCollection_DataMap.hxx>
+#include <Quantity_ColorRGBA.hxx>
 #include <STEPControl_Reader.hxx>
 #include <TDF_Label.hxx>
 #include <TDF_LabelMapHasher.hxx>
@@ -20,6 +21,12 @@ namespace orvane {
 template <class Value>
 using LabelMap = NCollection_DataMap<TDF_Label, Value, TDF_LabelMapHasher>;
 
+/// A colour of one instance, or of one below it: the path leads from the outer instance to the painted one.
+struct InstanceColor {
+    std::vector<TDF_Label> path;
+    Quantity_ColorRGBA color;
+};
+
 /// One STEP file as the kernel reads it: labels for products and instances, with what the file says of them.
 /// Lengths are millimetres.
 struct StepDocument {
@@ -31,6 +38,7 @@ struct StepDocument {
     LabelMap<bool> assemblies;              ///< whether a product is made of others; else it is one part
     LabelMap<std::u16string> productNames;  ///< absent: nameless
     LabelMap<std::u16string> instanceNames; ///< absent: not named itself
+    LabelMap<std::vector<InstanceColor>> instanceColors; ///< by the first instance of the path
     LabelMap<std::filesystem::path>
         externalFiles; ///< STEP files that hold the shape of a product without its own
     NCollection_DataMap<TopoDS_Shape, std::u16string, TopTools_ShapeMapHasher>

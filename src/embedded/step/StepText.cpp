@@ -1,57 +1,19 @@
 #include "embedded/step/StepText.h"
 
+#include "platform/Utf8.h"
+
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 namespace orvane {
 
 namespace {
 
-// Length of the well-formed UTF-8 character at `at`, 0 where there is none.
-std::size_t utf8Length(std::string_view bytes, std::size_t at) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    const unsigned lead = byte(at);
-    const std::size_t length = lead < 0x80   ? 1
-                               : lead < 0xC2 ? 0
-                               : lead < 0xE0 ? 2
-                               : lead < 0xF0 ? 3
-                               : lead < 0xF5 ? 4
-                                             : 0;
-    if (length == 0 || at + length > bytes.size()) {
-        return 0;
-    }
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(at + i) & 0xC0) != 0x80) {
-            return 0;
-        }
-    }
-    const bool overlongOrBeyond =
-        (lead == 0xE0 && byte(at + 1) < 0xA0) || (lead == 0xED && byte(at + 1) > 0x9F) ||
-        (lead == 0xF0 && byte(at + 1) < 0x90) || (lead == 0xF4 && byte(at + 1) > 0x8F);
-    return overlongOrBeyond ? 0 : length;
-}
-
-bool isUtf8(std::string_view bytes) {
-    for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t length = utf8Length(bytes, at);
-        if (length == 0) {
-            return false;
-        }
-        at += length;
-    }
-    return true;
-}
-
-void appendCode(std::u16string& out, std::uint32_t code) {
-    if (code < 0x20 || code == 0x7F) {
-        out += u' ';
-    } else if (code < 0x10000) {
-        out += static_cast<char16_t>(code);
-    } else {
-        out += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-        out += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-    }
+// Whether the decoder had to put a replacement where the bytes have none.
+bool isUtf8(std::string_view bytes, std::u16string_view decoded) {
+    constexpr std::string_view kReplacementBytes = "\xEF\xBF\xBD";
+    return decoded.find(u'\uFFFD') == std::u16string_view::npos ||
+           bytes.find(kReplacementBytes) != std::string_view::npos;
 }
 
 std::u16string trimmed(const std::u16string& text) {
@@ -88,22 +50,16 @@ std::u16string numbered(const std::u16string& name, unsigned number) {
 } // namespace
 
 std::u16string fromStepText(std::string_view bytes) {
-    std::u16string out;
-    out.reserve(bytes.size());
-    const bool utf8 = isUtf8(bytes);
-    for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t length = utf8 ? utf8Length(bytes, at) : 1;
-        std::uint32_t code = static_cast<unsigned char>(bytes[at]);
-        if (length > 1) {
-            code &= 0x7Fu >> length;
-            for (std::size_t i = 1; i < length; ++i) {
-                code = (code << 6) | (static_cast<unsigned char>(bytes[at + i]) & 0x3Fu);
-            }
+    std::u16string text = utf16FromUtf8(bytes);
+    if (!isUtf8(bytes, text)) {
+        text.clear();
+        for (const char c : bytes) {
+            text += static_cast<unsigned char>(c);
         }
-        appendCode(out, code);
-        at += length;
     }
-    return trimmed(out);
+    std::ranges::replace_if(
+        text, [](char16_t c) { return c < 0x20 || c == 0x7F; }, u' ');
+    return trimmed(text);
 }
 
 bool isInventedProductName(std::u16string_view name) {
