@@ -86,7 +86,7 @@ Sizes measureTrees(const Model& model) {
 }
 
 const ComponentNames::Index& ComponentNames::indexOf(const List& list) {
-    const auto [entry, isNew] = m_indexes.try_emplace(&list);
+    const auto [entry, isNew] = indexes_.try_emplace(&list);
     if (isNew) {
         for (const ComponentRecord& component : list) {
             entry->second.emplace(component.name, &component);

@@ -37,7 +37,7 @@ private:
 
     const Index& indexOf(const List& list);
 
-    std::unordered_map<const List*, Index> m_indexes;
+    std::unordered_map<const List*, Index> indexes_;
 };
 
 } // namespace orvane

@@ -23,18 +23,18 @@ namespace fs = std::filesystem;
 
 class ModelLoader {
 public:
-    explicit ModelLoader(const MeshingOptions& options) : m_options(options) {}
+    explicit ModelLoader(const MeshingOptions& options) : options_(options) {}
 
     Model load(const fs::path& file) {
         open(file);
         // Documents wait here while those that they mention are read: a chain of them may be longer than the
         // stack.
-        while (!m_open.empty()) {
-            readNextMention(m_open.back());
+        while (!open_.empty()) {
+            readNextMention(open_.back());
         }
         checkTrees();
         checkComponentMentions();
-        return std::move(m_model);
+        return std::move(model_);
     }
 
 private:
@@ -54,7 +54,7 @@ private:
 
     /// What two names of one file have in common. Remembered, since many components show one document.
     const fs::path& fileKey(const fs::path& file) {
-        const auto [entry, isNew] = m_keys.try_emplace(file.native());
+        const auto [entry, isNew] = keys_.try_emplace(file.native());
         if (isNew) {
             std::error_code error;
             entry->second = fs::canonical(file, error);
@@ -66,14 +66,14 @@ private:
     }
 
     const ModelDocument* open(const fs::path& path) {
-        File& file = m_files[fileKey(path)];
+        File& file = files_[fileKey(path)];
         if (hasExtension(path, {".step", ".stp"})) {
-            file.document = readStepFile(path, m_options, m_model);
+            file.document = readStepFile(path, options_, model_);
         } else if (hasExtension(path, {".tfgprt", ".tfgasm"})) {
             DocumentContext& context = readDocument(path);
             file.document = context.document;
             file.isOpen = true;
-            m_open.push_back({&file, &context, 0});
+            open_.push_back({&file, &context, 0});
         } else {
             throw ModelError(shownPath(path) +
                              ": found a file of another kind, expected .tfgprt, .tfgasm, .step or .stp");
@@ -83,10 +83,10 @@ private:
 
     DocumentContext& readDocument(const fs::path& path) {
         const nlohmann::json tree = readJsonFile(path);
-        auto& document = m_model.documents.emplace_back(std::make_unique<ModelDocument>());
+        auto& document = model_.documents.emplace_back(std::make_unique<ModelDocument>());
         document->kind = hasExtension(path, {".tfgasm"}) ? DocumentKind::assembly : DocumentKind::part;
         document->path = toHostPath(path);
-        DocumentContext& context = *m_contexts.emplace_back(std::make_unique<DocumentContext>());
+        DocumentContext& context = *contexts_.emplace_back(std::make_unique<DocumentContext>());
         context.file = path;
         context.document = document.get();
         context.readShape = [this, &context](const fs::path& file) { return readShape(file, context); };
@@ -98,33 +98,33 @@ private:
         if (holder.nextMention == holder.context->documentMentions.size()) {
             holder.file->isOpen = false;
             holder.context->documentMentions = {};
-            m_open.pop_back();
+            open_.pop_back();
             return;
         }
         const DocumentMention mention = holder.context->documentMentions[holder.nextMention++];
-        const auto known = m_files.find(fileKey(mention.file));
-        if (known != m_files.end() && known->second.isOpen) {
+        const auto known = files_.find(fileKey(mention.file));
+        if (known != files_.end() && known->second.isOpen) {
             throw ModelError(
                 shownPath(holder.context->file) + ": " + mention.place + ": found \"" +
                 shownPath(mention.file.filename()) +
                 "\", which leads back to itself, expected documents that do not refer to themselves");
         }
-        mention.component->document = known != m_files.end() ? known->second.document : open(mention.file);
+        mention.component->document = known != files_.end() ? known->second.document : open(mention.file);
     }
 
     /// Several bodies may show one file; it is read once and copied from the first of them.
     std::vector<FaceRecord> readShape(const fs::path& file, const DocumentContext& context) {
         const BodyPlace here = {context.document, context.document->bodies.size() - 1};
-        const auto [entry, isNew] = m_shapes.emplace(fileKey(file), here);
+        const auto [entry, isNew] = shapes_.emplace(fileKey(file), here);
         if (isNew) {
-            return readShapeFile(file, m_options, m_model.warnings);
+            return readShapeFile(file, options_, model_.warnings);
         }
         return entry->second.document->bodies[entry->second.body].faces;
     }
 
     void checkTrees() const {
-        const auto sizes = measureTrees(m_model);
-        for (const auto& context : m_contexts) {
+        const auto sizes = measureTrees(model_);
+        for (const auto& context : contexts_) {
             const TreeSize size = sizes.at(context->document);
             const std::string head = shownPath(context->file) + ": /components: found more than ";
             if (size.components > kMostComponents) {
@@ -140,7 +140,7 @@ private:
 
     void checkComponentMentions() const {
         ComponentNames names;
-        for (const auto& context : m_contexts) {
+        for (const auto& context : contexts_) {
             for (const ComponentMention& mention : context->componentMentions) {
                 if (!names.contains(*context->document, mention.fullName)) {
                     throw ModelError(shownPath(context->file) + ": " + mention.place + ": found \"" +
@@ -151,13 +151,13 @@ private:
         }
     }
 
-    MeshingOptions m_options;
-    Model m_model;
-    std::unordered_map<fs::path::string_type, fs::path> m_keys;
-    std::map<fs::path, File> m_files;
-    std::map<fs::path, BodyPlace> m_shapes;
-    std::vector<std::unique_ptr<DocumentContext>> m_contexts;
-    std::vector<OpenDocument> m_open;
+    MeshingOptions options_;
+    Model model_;
+    std::unordered_map<fs::path::string_type, fs::path> keys_;
+    std::map<fs::path, File> files_;
+    std::map<fs::path, BodyPlace> shapes_;
+    std::vector<std::unique_ptr<DocumentContext>> contexts_;
+    std::vector<OpenDocument> open_;
 };
 
 } // namespace

@@ -17,25 +17,25 @@ class ModelFiles {
 public:
     ModelFiles() {
         static std::atomic<int> count = 0;
-        m_folder = std::filesystem::temp_directory_path() /
-                   ("orvane-models-" + std::to_string(::getpid()) + '-' + std::to_string(++count));
-        std::filesystem::create_directories(m_folder);
+        folder_ = std::filesystem::temp_directory_path() /
+                  ("orvane-models-" + std::to_string(::getpid()) + '-' + std::to_string(++count));
+        std::filesystem::create_directories(folder_);
     }
     ~ModelFiles() {
         std::error_code error;
-        std::filesystem::remove_all(m_folder, error);
+        std::filesystem::remove_all(folder_, error);
     }
     ModelFiles(const ModelFiles&) = delete;
     ModelFiles& operator=(const ModelFiles&) = delete;
 
-    const std::filesystem::path& folder() const { return m_folder; }
+    const std::filesystem::path& folder() const { return folder_; }
 
     void write(const std::string& name, std::string_view text) const {
-        std::filesystem::create_directories((m_folder / name).parent_path());
-        std::ofstream(m_folder / name, std::ios::binary) << text;
+        std::filesystem::create_directories((folder_ / name).parent_path());
+        std::ofstream(folder_ / name, std::ios::binary) << text;
     }
 
-    Model read(const std::string& name) const { return readModel(m_folder / name); }
+    Model read(const std::string& name) const { return readModel(folder_ / name); }
     Model readText(const std::string& name, std::string_view text) const {
         write(name, text);
         return read(name);
@@ -47,7 +47,7 @@ public:
             read(name);
         } catch (const ModelError& error) {
             std::string message = error.what();
-            const std::string prefix = m_folder.string() + '/';
+            const std::string prefix = folder_.string() + '/';
             for (auto at = message.find(prefix); at != std::string::npos; at = message.find(prefix)) {
                 message.erase(at, prefix.size());
             }
@@ -61,7 +61,7 @@ public:
     }
 
 private:
-    std::filesystem::path m_folder;
+    std::filesystem::path folder_;
 };
 
 } // namespace orvane

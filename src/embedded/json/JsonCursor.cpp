@@ -30,26 +30,26 @@ std::string quotedList(std::initializer_list<std::string_view> words) {
 } // namespace
 
 bool JsonCursor::isNull() const {
-    return m_value->is_null();
+    return value_->is_null();
 }
 bool JsonCursor::isText() const {
-    return m_value->is_string();
+    return value_->is_string();
 }
 bool JsonCursor::isNumber() const {
-    return m_value->is_number();
+    return value_->is_number();
 }
 bool JsonCursor::isList() const {
-    return m_value->is_array();
+    return value_->is_array();
 }
 bool JsonCursor::isObject() const {
-    return m_value->is_object();
+    return value_->is_object();
 }
 
 void JsonCursor::expectObject(std::initializer_list<std::string_view> keys) const {
     if (!isObject()) {
         mismatch("an object");
     }
-    for (const auto& [key, value] : m_value->get_ref<const Json::object_t&>()) {
+    for (const auto& [key, value] : value_->get_ref<const Json::object_t&>()) {
         if (std::ranges::find(keys, key) == keys.end()) {
             fail("the key \"" + shortened(key) + '"', (keys.size() == 1 ? "" : "one of ") + quotedList(keys));
         }
@@ -61,7 +61,7 @@ bool JsonCursor::has(std::string_view key) const {
 }
 
 std::optional<JsonCursor> JsonCursor::find(std::string_view key) const {
-    const auto& entries = m_value->get_ref<const Json::object_t&>();
+    const auto& entries = value_->get_ref<const Json::object_t&>();
     const auto entry = entries.find(key);
     if (entry == entries.end()) {
         return std::nullopt;
@@ -82,7 +82,7 @@ std::vector<std::string_view> JsonCursor::keys() const {
         mismatch("an object");
     }
     std::vector<std::string_view> out;
-    for (const auto& [key, value] : m_value->get_ref<const Json::object_t&>()) {
+    for (const auto& [key, value] : value_->get_ref<const Json::object_t&>()) {
         out.emplace_back(key);
     }
     return out;
@@ -92,30 +92,30 @@ std::size_t JsonCursor::listSize() const {
     if (!isList()) {
         mismatch("a list");
     }
-    return m_value->size();
+    return value_->size();
 }
 
 JsonCursor JsonCursor::at(std::size_t index) const {
-    return JsonCursor((*m_value)[index], *this, nullptr, index);
+    return JsonCursor((*value_)[index], *this, nullptr, index);
 }
 
 const std::string& JsonCursor::utf8() const {
     if (!isText()) {
         mismatch("a text");
     }
-    return m_value->get_ref<const std::string&>();
+    return value_->get_ref<const std::string&>();
 }
 
 double JsonCursor::number() const {
     if (!isNumber()) {
         mismatch("a number");
     }
-    return m_value->get<double>();
+    return value_->get<double>();
 }
 
 std::int64_t JsonCursor::integer(std::int64_t lowest, std::int64_t highest) const {
     // Every integer of the allowed ranges is exact as a double, and 3.0 is a way to write 3.
-    const double value = isNumber() ? m_value->get<double>() : std::nan("");
+    const double value = isNumber() ? value_->get<double>() : std::nan("");
     if (!(value >= static_cast<double>(lowest) && value <= static_cast<double>(highest)) ||
         value != std::trunc(value)) {
         mismatch("a whole number from " + std::to_string(lowest) + " to " + std::to_string(highest));
@@ -124,14 +124,14 @@ std::int64_t JsonCursor::integer(std::int64_t lowest, std::int64_t highest) cons
 }
 
 bool JsonCursor::flag() const {
-    if (!m_value->is_boolean()) {
+    if (!value_->is_boolean()) {
         mismatch("true or false");
     }
-    return m_value->get<bool>();
+    return value_->get<bool>();
 }
 
 void JsonCursor::numbers(std::span<double> out) const {
-    if (!isList() || m_value->size() != out.size()) {
+    if (!isList() || value_->size() != out.size()) {
         mismatch("a list of " + std::to_string(out.size()) + " numbers");
     }
     for (std::size_t i = 0; i < out.size(); ++i) {
@@ -160,9 +160,9 @@ std::vector<double> JsonCursor::floatNumbers(std::size_t step) const {
 
 void JsonCursor::appendPath(std::string& out) const {
     // The way is as long as the brackets are deep, which the text reader limits.
-    if (m_parent != nullptr) {
-        m_parent->appendPath(out);
-        out += '/' + (m_key != nullptr ? shownPathSegment(*m_key) : std::to_string(m_index));
+    if (parent_ != nullptr) {
+        parent_->appendPath(out);
+        out += '/' + (key_ != nullptr ? shownPathSegment(*key_) : std::to_string(index_));
     }
 }
 
@@ -179,20 +179,20 @@ std::string JsonCursor::path() const {
 
 std::string JsonCursor::description() const {
     if (isObject()) {
-        return m_value->empty() ? "an empty object" : "an object";
+        return value_->empty() ? "an empty object" : "an object";
     }
     if (isList()) {
-        return m_value->empty() ? "an empty list" : "a list of " + std::to_string(m_value->size());
+        return value_->empty() ? "an empty list" : "a list of " + std::to_string(value_->size());
     }
     if (isText()) {
         return '"' + shortened(utf8()) + '"';
     }
-    return m_value->dump();
+    return value_->dump();
 }
 
 void JsonCursor::fail(const std::string& found, const std::string& expected) const {
     const std::string place = path();
-    throw ModelError(shownPath(m_context->file) + ": " + (place.empty() ? "" : place + ": ") + "found " +
+    throw ModelError(shownPath(context_->file) + ": " + (place.empty() ? "" : place + ": ") + "found " +
                      found + ", expected " + expected);
 }
 

@@ -21,9 +21,9 @@ struct DocumentContext;
 /// stay on the stack and are never returned upwards. Every check throws `ModelError`.
 class JsonCursor {
 public:
-    JsonCursor(const nlohmann::json& root, DocumentContext& context) : m_value(&root), m_context(&context) {}
+    JsonCursor(const nlohmann::json& root, DocumentContext& context) : value_(&root), context_(&context) {}
 
-    DocumentContext& context() const { return *m_context; }
+    DocumentContext& context() const { return *context_; }
 
     bool isNull() const;
     bool isText() const;
@@ -93,17 +93,17 @@ public:
 private:
     JsonCursor(const nlohmann::json& value, const JsonCursor& parent, const std::string* key,
                std::size_t index)
-        : m_value(&value), m_context(parent.m_context), m_parent(&parent), m_key(key), m_index(index) {}
+        : value_(&value), context_(parent.context_), parent_(&parent), key_(key), index_(index) {}
 
     std::vector<std::string_view> keys() const;
     void appendPath(std::string& out) const;
     std::string description() const;
 
-    const nlohmann::json* m_value;
-    DocumentContext* m_context;
-    const JsonCursor* m_parent = nullptr;
-    const std::string* m_key = nullptr; ///< of this entry in its object; null for an item of a list
-    std::size_t m_index = 0;
+    const nlohmann::json* value_;
+    DocumentContext* context_;
+    const JsonCursor* parent_ = nullptr;
+    const std::string* key_ = nullptr; ///< of this entry in its object; null for an item of a list
+    std::size_t index_ = 0;
 };
 
 /// A file's name for messages, in UTF-8, as it was given.

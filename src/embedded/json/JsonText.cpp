@@ -66,9 +66,9 @@ std::string describeText(std::string_view text, std::size_t at) {
 /// Builds the tree while the text is parsed, and refuses what the parser would let pass.
 class TreeBuilder final : public nlohmann::json_sax<Json> {
 public:
-    TreeBuilder(const std::filesystem::path& file, std::string_view text) : m_file(file), m_text(text) {}
+    TreeBuilder(const std::filesystem::path& file, std::string_view text) : file_(file), text_(text) {}
 
-    Json takeTree() { return std::move(m_root); }
+    Json takeTree() { return std::move(root_); }
 
     bool null() override { return place(nullptr); }
     bool boolean(bool value) override { return place(value); }
@@ -85,7 +85,7 @@ public:
     bool end_array() override { return close(); }
 
     bool key(string_t& name) override {
-        Level& level = m_levels.back();
+        Level& level = levels_.back();
         const auto [entry, isNew] = level.container->get_ref<Json::object_t&>().emplace(name, nullptr);
         if (!isNew) {
             throw ModelError(messageHead() + "found the key \"" + shortened(name) +
@@ -99,28 +99,28 @@ public:
     bool parse_error(std::size_t position, const std::string&, const Json::exception& error) override {
         // The position counts the bytes read, one more at the end of the text.
         const std::size_t at = position == 0 ? 0 : position - 1;
-        const std::string_view read = m_text.substr(0, std::min(at + 1, m_text.size()));
+        const std::string_view read = text_.substr(0, std::min(at + 1, text_.size()));
         // 406 is a number that overflows; the parser's other complaints say where, and the state here says
         // what.
         constexpr int kNumberOverflow = 406;
         if (error.id == kNumberOverflow) {
-            refuse(read.size() - 1, describeText(m_text, read.size() - 1),
+            refuse(read.size() - 1, describeText(text_, read.size() - 1),
                    "a number within 64-bit floating point");
         }
-        if (const std::size_t good = wellFormedLength(m_text); good < read.size()) {
+        if (const std::size_t good = wellFormedLength(text_); good < read.size()) {
             refuse(good,
                    "a byte that is not UTF-8 (value " +
-                       std::to_string(static_cast<unsigned char>(m_text[good])) + ")",
+                       std::to_string(static_cast<unsigned char>(text_[good])) + ")",
                    "UTF-8 text");
         }
-        if (m_text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
-            throw ModelError(shownPath(m_file) + ": found an empty file, expected a JSON object");
+        if (text_.find_first_not_of(" \t\r\n") == std::string_view::npos) {
+            throw ModelError(shownPath(file_) + ": found an empty file, expected a JSON object");
         }
-        if (at >= m_text.size()) {
-            refuse(m_text.size() - 1, "the end of the file", expectation());
+        if (at >= text_.size()) {
+            refuse(text_.size() - 1, "the end of the file", expectation());
         }
         const bool inText = std::string_view(error.what()).find("invalid string") != std::string_view::npos;
-        refuse(at, describeText(m_text, at), inText ? "a text that JSON allows" : expectation());
+        refuse(at, describeText(text_, at), inText ? "a text that JSON allows" : expectation());
     }
 
 private:
@@ -131,11 +131,11 @@ private:
     };
 
     Json& put(Json&& value) {
-        if (m_levels.empty()) {
-            m_hasRoot = true;
-            return m_root = std::move(value);
+        if (levels_.empty()) {
+            hasRoot_ = true;
+            return root_ = std::move(value);
         }
-        Level& level = m_levels.back();
+        Level& level = levels_.back();
         if (level.slot != nullptr) {
             return *level.slot = std::move(value);
         }
@@ -149,51 +149,51 @@ private:
     }
 
     bool open(Json&& container) {
-        if (m_levels.size() == kMostOpenBrackets) {
+        if (levels_.size() == kMostOpenBrackets) {
             throw ModelError(messageHead() + "found more than " + std::to_string(kMostOpenBrackets) +
                              " brackets open at once, expected fewer");
         }
-        m_levels.push_back({&put(std::move(container)), nullptr, nullptr});
+        levels_.push_back({&put(std::move(container)), nullptr, nullptr});
         return true;
     }
 
     bool close() {
-        m_levels.pop_back();
+        levels_.pop_back();
         return true;
     }
 
     /// The file and the path of the container at hand.
     std::string messageHead() const {
         std::string path;
-        for (std::size_t i = 0; i + 1 < m_levels.size() && path.size() < 60; ++i) {
-            const Level& level = m_levels[i];
+        for (std::size_t i = 0; i + 1 < levels_.size() && path.size() < 60; ++i) {
+            const Level& level = levels_[i];
             path += '/' + (level.key != nullptr ? shownPathSegment(*level.key)
                                                 : std::to_string(level.container->size() - 1));
         }
-        return shownPath(m_file) + ": " + (path.empty() ? "" : path + ": ");
+        return shownPath(file_) + ": " + (path.empty() ? "" : path + ": ");
     }
 
     std::string expectation() const {
-        if (m_levels.empty()) {
-            return m_hasRoot ? "the end of the file" : "a JSON object";
+        if (levels_.empty()) {
+            return hasRoot_ ? "the end of the file" : "a JSON object";
         }
-        return m_levels.back().container->is_array() ? R"(a JSON value, "," or "]")"
-                                                     : R"(a key, ":", a JSON value, "," or "}")";
+        return levels_.back().container->is_array() ? R"(a JSON value, "," or "]")"
+                                                    : R"(a key, ":", a JSON value, "," or "}")";
     }
 
     [[noreturn]] void refuse(std::size_t at, const std::string& found, const std::string& expected) const {
-        const std::string_view before = m_text.substr(0, at);
+        const std::string_view before = text_.substr(0, at);
         const auto line = std::ranges::count(before, '\n') + 1;
         const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
-        throw ModelError(shownPath(m_file) + ": line " + std::to_string(line) + ", column " +
+        throw ModelError(shownPath(file_) + ": line " + std::to_string(line) + ", column " +
                          std::to_string(at - lineStart + 1) + ": found " + found + ", expected " + expected);
     }
 
-    const std::filesystem::path& m_file;
-    std::string_view m_text;
-    Json m_root;
-    bool m_hasRoot = false;
-    std::vector<Level> m_levels;
+    const std::filesystem::path& file_;
+    std::string_view text_;
+    Json root_;
+    bool hasRoot_ = false;
+    std::vector<Level> levels_;
 };
 
 } // namespace

@@ -39,20 +39,19 @@ std::array<double, 9> cofactors(const Placement& r) {
 /// Collects the placed triangles of one face.
 class FaceBuilder {
 public:
-    explicit FaceBuilder(const Placement& placement)
-        : m_placement(placement), m_normals(cofactors(placement)) {
+    explicit FaceBuilder(const Placement& placement) : placement_(placement), normals_(cofactors(placement)) {
         const double determinant =
-            placement[0] * m_normals[0] + placement[1] * m_normals[1] + placement[2] * m_normals[2];
-        m_mirrors = determinant * placement[12] < 0;
+            placement[0] * normals_[0] + placement[1] * normals_[1] + placement[2] * normals_[2];
+        mirrors_ = determinant * placement[12] < 0;
         // A normal turns by the inverse transpose, which is the cofactors by the determinant: here its sign
         // is enough.
-        if (m_mirrors) {
-            std::ranges::for_each(m_normals, [](double& value) { value = -value; });
+        if (mirrors_) {
+            std::ranges::for_each(normals_, [](double& value) { value = -value; });
         }
     }
 
     void triangle(const Vertex& a, const Vertex& b, const Vertex& c) {
-        for (const Vertex* vertex : {&a, m_mirrors ? &c : &b, m_mirrors ? &b : &c}) {
+        for (const Vertex* vertex : {&a, mirrors_ ? &c : &b, mirrors_ ? &b : &c}) {
             add(*vertex);
         }
     }
@@ -61,25 +60,25 @@ public:
         triangle(a, c, d);
     }
 
-    FaceRecord take() { return std::move(m_face); }
+    FaceRecord take() { return std::move(face_); }
 
 private:
     void add(const Vertex& vertex) {
-        const Vector3 turned = timesMatrix(vertex.position, m_placement.data());
-        const Vector3 n = timesMatrix(vertex.normal, m_normals.data());
+        const Vector3 turned = timesMatrix(vertex.position, placement_.data());
+        const Vector3 n = timesMatrix(vertex.normal, normals_.data());
         const double length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
         for (std::size_t i = 0; i < 3; ++i) {
-            m_face.positions.push_back(static_cast<float>(turned[i] * m_placement[12] + m_placement[9 + i]));
-            m_face.normals.push_back(length > 0 ? static_cast<float>(n[i] / length) : 0.0f);
+            face_.positions.push_back(static_cast<float>(turned[i] * placement_[12] + placement_[9 + i]));
+            face_.normals.push_back(length > 0 ? static_cast<float>(n[i] / length) : 0.0f);
         }
-        m_face.texCoords.push_back(static_cast<float>(vertex.u));
-        m_face.texCoords.push_back(static_cast<float>(vertex.v));
+        face_.texCoords.push_back(static_cast<float>(vertex.u));
+        face_.texCoords.push_back(static_cast<float>(vertex.v));
     }
 
-    const Placement& m_placement;
-    std::array<double, 9> m_normals;
-    bool m_mirrors = false;
-    FaceRecord m_face;
+    const Placement& placement_;
+    std::array<double, 9> normals_;
+    bool mirrors_ = false;
+    FaceRecord face_;
 };
 
 /// Direction `step` of `steps` around the circle; the last is the first to the bit, so that the seam is
