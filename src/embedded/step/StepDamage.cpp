@@ -7,13 +7,16 @@
 #include <StepAP214_AppliedDocumentReference.hxx>
 #include <StepBasic_ProductDefinition.hxx>
 #include <StepBasic_ProductDefinitionRelationship.hxx>
+#include <StepGeom_Axis2Placement3d.hxx>
 #include <StepGeom_CartesianPoint.hxx>
+#include <StepGeom_Direction.hxx>
 #include <StepRepr_ProductDefinitionShape.hxx>
 #include <StepRepr_Representation.hxx>
 #include <StepRepr_RepresentationRelationship.hxx>
 #include <StepShape_ContextDependentShapeRepresentation.hxx>
 #include <StepShape_ShapeDefinitionRepresentation.hxx>
 #include <StepShape_ShapeRepresentation.hxx>
+#include <StepShape_VertexPoint.hxx>
 #include <StepVisual_Invisibility.hxx>
 #include <StepVisual_MechanicalDesignGeometricPresentationRepresentation.hxx>
 #include <StepVisual_StyledItem.hxx>
@@ -85,6 +88,27 @@ bool isBeyondMeasure(const Handle(StepGeom_CartesianPoint) & point) {
     return false;
 }
 
+bool isSpatial(const Handle(StepGeom_CartesianPoint) & point) {
+    return point.IsNull() || point->NbCoordinates() == 3;
+}
+
+bool isSpatial(bool given, const Handle(StepGeom_Direction) & direction) {
+    return !given || direction.IsNull() || direction->NbDirectionRatios() == 3;
+}
+
+// Points and directions of a plane stand in the same statements as those of space, and only the place that
+// they are used in tells which is wanted.
+bool lacksDimension(const Entity& entity) {
+    if (const auto axes = Handle(StepGeom_Axis2Placement3d)::DownCast(entity); !axes.IsNull()) {
+        return !isSpatial(axes->Location()) || !isSpatial(axes->HasAxis(), axes->Axis()) ||
+               !isSpatial(axes->HasRefDirection(), axes->RefDirection());
+    }
+    if (const auto vertex = Handle(StepShape_VertexPoint)::DownCast(entity); !vertex.IsNull()) {
+        return !isSpatial(Handle(StepGeom_CartesianPoint)::DownCast(vertex->VertexGeometry()));
+    }
+    return false;
+}
+
 std::string firstFault(const Handle(Interface_Check) & check) {
     return check->NbFails() > 0 ? check->CFail(1) : "damaged";
 }
@@ -110,6 +134,8 @@ Damage findDamage(const Interface_Graph& graph) {
             }
         } else if (isBeyondMeasure(Handle(StepGeom_CartesianPoint)::DownCast(model->Value(i)))) {
             damage.fatal = label + " farther away than anything is";
+        } else if (lacksDimension(model->Value(i))) {
+            damage.fatal = label + " of fewer than three dimensions";
         }
     }
     damage.harmless.resize(std::min(damage.harmless.size(), kMostFaults));
