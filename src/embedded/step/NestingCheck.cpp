@@ -2,11 +2,18 @@
 
 #include <Interface_EntityIterator.hxx>
 #include <Interface_InterfaceModel.hxx>
+#include <STEPConstruct_Assembly.hxx>
 #include <StepBasic_ProductDefinition.hxx>
+#include <StepRepr_CharacterizedDefinition.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <StepRepr_ProductDefinitionShape.hxx>
 #include <StepRepr_Representation.hxx>
 #include <StepRepr_RepresentationItem.hxx>
 #include <StepRepr_RepresentationMap.hxx>
+#include <StepRepr_RepresentedDefinition.hxx>
+#include <StepRepr_ShapeRepresentationRelationship.hxx>
+#include <StepShape_ContextDependentShapeRepresentation.hxx>
+#include <StepShape_ShapeDefinitionRepresentation.hxx>
 #include <TCollection_HAsciiString.hxx>
 
 #include <algorithm>
@@ -29,25 +36,70 @@ bool isGeometry(const Handle(Standard_Transient) & entity) {
            entity->IsKind(STANDARD_TYPE(StepRepr_RepresentationMap));
 }
 
+Handle(StepBasic_ProductDefinition)
+    productOf(const Handle(StepRepr_Representation) & shape, const Interface_Graph& graph) {
+    for (Interface_EntityIterator it = graph.Sharings(shape); it.More(); it.Next()) {
+        const auto definition = Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(it.Value());
+        const auto productShape = definition.IsNull() ? Handle(StepRepr_ProductDefinitionShape)()
+                                                      : Handle(StepRepr_ProductDefinitionShape)::DownCast(
+                                                            definition->Definition().PropertyDefinition());
+        if (!productShape.IsNull() && !productShape->Definition().ProductDefinition().IsNull()) {
+            return productShape->Definition().ProductDefinition();
+        }
+    }
+    return {};
+}
+
+struct Use {
+    Handle(StepBasic_ProductDefinition) parent;
+    Handle(StepBasic_ProductDefinition) child;
+};
+
+// A usage names the product, but the kernel goes by the shape that the usage's own placement names.
+Use placedUse(const Handle(StepShape_ContextDependentShapeRepresentation) & placed,
+              const Interface_Graph& graph) {
+    const Handle(StepRepr_ProductDefinitionShape) productShape = placed->RepresentedProductRelation();
+    const Handle(StepRepr_RepresentationRelationship) shapes = placed->RepresentationRelation();
+    if (productShape.IsNull() || shapes.IsNull()) {
+        return {};
+    }
+    const auto usage = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(
+        productShape->Definition().ProductDefinitionRelationship());
+    if (usage.IsNull()) {
+        return {};
+    }
+    const bool reversed = STEPConstruct_Assembly::CheckSRRReversesNAUO(graph, placed);
+    const Handle(StepBasic_ProductDefinition) child =
+        productOf(reversed ? shapes->Rep2() : shapes->Rep1(), graph);
+    return child == usage->RelatedProductDefinition() ? Use()
+                                                      : Use{usage->RelatingProductDefinition(), child};
+}
+
 // For each entity those that the reader descends into from it.
 std::vector<std::vector<Entity>> descents(const Interface_Graph& graph) {
     const Handle(Interface_InterfaceModel)& model = graph.Model();
     std::vector<std::vector<Entity>> children(static_cast<std::size_t>(model->NbEntities()) + 1);
     for (Entity number = 1; number <= model->NbEntities(); ++number) {
         const Handle(Standard_Transient) entity = model->Value(number);
+        Use use;
         if (const auto usage = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(entity);
             !usage.IsNull()) {
-            const Entity parent = model->Number(usage->RelatingProductDefinition());
-            const Entity child = model->Number(usage->RelatedProductDefinition());
-            if (parent > 0 && child > 0) {
-                children[static_cast<std::size_t>(parent)].push_back(child);
-            }
+            use = {usage->RelatingProductDefinition(), usage->RelatedProductDefinition()};
+        } else if (const auto placed =
+                       Handle(StepShape_ContextDependentShapeRepresentation)::DownCast(entity);
+                   !placed.IsNull()) {
+            use = placedUse(placed, graph);
         } else if (isGeometry(entity)) {
             for (Interface_EntityIterator it = graph.Shareds(entity); it.More(); it.Next()) {
                 if (isGeometry(it.Value())) {
                     children[static_cast<std::size_t>(number)].push_back(model->Number(it.Value()));
                 }
             }
+        }
+        const Entity parent = use.parent.IsNull() ? 0 : model->Number(use.parent);
+        const Entity child = use.child.IsNull() ? 0 : model->Number(use.child);
+        if (parent > 0 && child > 0) {
+            children[static_cast<std::size_t>(parent)].push_back(child);
         }
     }
     return children;
