@@ -1,6 +1,5 @@
 #include "cli/ProgressDisplay.h"
 
-#include <algorithm>
 #include <iostream>
 #include <unistd.h>
 
@@ -44,8 +43,8 @@ void ProgressDisplay::showCounters(const Progress& progress) {
         return;
     }
     lastShown_ = now;
-    showPhase("exporting: " + std::to_string(progress.doneWork) + " of " +
-              std::to_string(std::max(progress.totalWork, progress.doneWork)) + " steps");
+    // The total grows as the export goes, so that it would promise an end that does not come.
+    showPhase("exporting: " + std::to_string(progress.doneWork) + " steps done");
 }
 
 } // namespace orvane
