@@ -65,18 +65,53 @@ struct GltfNode {
     bool visible = true;
 };
 
+/// A decal of the host: a picture stuck on components. Its material and pictures are written, though no
+/// primitive refers to them.
+struct GltfDecal {
+    std::int32_t index = -1;
+    std::int32_t material = -1;    ///< index into the materials
+    std::int32_t maskTexture = -1; ///< index into the textures
+    std::int32_t decalId = 0;
+    bool bmaskInvert = false;
+    std::string smaskFileName; ///< path of the mask picture
+    std::vector<std::int32_t> ids;
+};
+
+/// One appearance of the host, by the host's values. Colours have red in the low byte, then green, then blue;
+/// the highest byte means nothing.
 struct GltfMaterial {
     std::int32_t index = -1;  ///< position in the written materials; -1 until a primitive uses the record
     std::int32_t serial = -1; ///< position in the order of making
-    std::string mname;
+    std::string mname;        ///< unique in its document
     std::string tf_shader;
-    std::int32_t shaderClass = 0;            ///< the class of `tf_shader`; 0 for a shader that is not known
-    std::uint32_t primaryColor = 0x7F7F7F7F; ///< red in the low byte, then green, then blue
+    std::int32_t shaderClass = 0;    ///< the class of `tf_shader`; 0 for a shader that is not known
+    std::string fileName;            ///< path of the appearance file
+    std::string bumpTextureFileName; ///< path of the picture that the normal map comes from
+    std::string textureFileName;     ///< path of the base colour picture
     double a_emission = 0;
+    std::uint32_t primaryColor = 0x7F7F7F7F;
+    std::uint32_t secondaryColor = 0;
+    std::uint32_t tertiaryColor = 0;
     double a_reflectivity = 0;
     double a_specularSpread = 0;
+    double a_specular = 0;
+    std::uint32_t l_specularColor = 0;
     double a_transparency = 0; ///< 0 opaque, 1 fully transparent
+    double a_diffuse = 1;
     bool blurry = false;
+
+    /// 0 takes the host's own texture coordinates; 1 projection, 2 sphere, 3 cylinder, 4 box.
+    std::int32_t mappingType = 0;
+    double width = 0, height = 0; ///< extent of the picture on the model, metres
+    double offsetU = 0, offsetV = 0;
+    double rotation = 0;                       ///< degrees
+    float cx = 0, cy = 0, cz = 0;              ///< origin of the mapping, metres
+    float uDirx = 0, uDiry = 0, uDirz = 0;     ///< direction of U
+    float vDirx = 0, vDiry = 0, vDirz = 0;     ///< direction of V
+    double sphereAngleA = 0, sphereAngleB = 0; ///< degrees
+    bool MirrorVertical = false;
+    bool MirrorHorizontal = false;
+
     std::int32_t baseColorTexture = -1;
     std::int32_t normalTexture = -1;
 };
