@@ -7,7 +7,7 @@ install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvane FILES_MATC
     PATTERN embedded EXCLUDE
     PATTERN cli EXCLUDE
     PATTERN addin EXCLUDE)
-install(EXPORT OrvaneTargets NAMESPACE Orvane:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane
-    FILE OrvaneConfig.cmake)
+install(EXPORT OrvaneTargets NAMESPACE Orvane:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)
+install(FILES cmake/OrvaneConfig.cmake cmake/FindFreeImage.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)
 write_basic_package_version_file(OrvaneConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/OrvaneConfigVersion.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)

@@ -1,8 +1,10 @@
 #include "cli/ExportCommand.h"
 
 #include "cli/CreatedFolders.h"
+#include "cli/HostFolder.h"
 #include "cli/ProgressDisplay.h"
 #include "embedded/EmbeddedHost.h"
+#include "embedded/HostPath.h"
 #include "embedded/ModelReader.h"
 #include "export/OrvaneExporter.h"
 #include "platform/Files.h"
@@ -56,7 +58,6 @@ void warnOfIdleOptions(const ExportArguments& arguments) {
         {"--animations", arguments.animations},
         {"--exploded-views", arguments.explodedViews},
         {"--thumbnails", arguments.thumbnails},
-        {"--host-folder", !arguments.hostFolder.empty()},
     };
     for (const auto& [name, isGiven] : idle) {
         if (isGiven) {
@@ -115,7 +116,8 @@ int runExport(const ExportArguments& arguments) {
     display.clear();
     const std::vector<std::string> readingWarnings = std::move(model.warnings);
 
-    const HostRef<HostApplication> host = openEmbeddedHost(std::move(model));
+    const HostRef<HostApplication> host =
+        openEmbeddedHost(std::move(model), toHostPath(hostFolder(arguments.hostFolder)));
     COrvaneExporter exporter({.host = *host});
     exporter.hostRevision = kEmbeddedHostRevision;
     exporter.request() = request;
@@ -136,6 +138,9 @@ int runExport(const ExportArguments& arguments) {
     const ExportReport& report = exporter.report();
     if (!arguments.quiet) {
         warnOfIdleOptions(arguments);
+        if (!arguments.hostFolder.empty() && !fs::is_directory(arguments.hostFolder)) {
+            std::cerr << "orvane: warning: the host folder " << arguments.hostFolder << " is not there\n";
+        }
         warn(readingWarnings);
         warn(report.warnings);
     }

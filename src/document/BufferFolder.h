@@ -1,8 +1,8 @@
 #pragma once
 
 #include "document/GeomStream.h"
-#include "platform/Files.h"
 #include "platform/Memory.h"
+#include "platform/OutputFile.h"
 
 #include <memory_resource>
 #include <string>

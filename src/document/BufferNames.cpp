@@ -1,5 +1,7 @@
 #include "document/BufferNames.h"
 
+#include "platform/Files.h"
+
 namespace orvane {
 
 namespace {

@@ -1,5 +1,7 @@
 #include "document/DiskBufferFolder.h"
 
+#include "platform/Files.h"
+
 #include <utility>
 
 namespace orvane {

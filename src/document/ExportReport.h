@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace orvane {
@@ -12,7 +13,17 @@ struct ExportReport {
     std::vector<std::string> errors;   ///< there is no result
     std::string writtenFile;           ///< the target, once it is complete; empty until then
 
+    /// Adds a warning unless the same one is there already.
+    void warn(const std::string& warning) {
+        if (warned_.insert(warning).second) {
+            warnings.push_back(warning);
+        }
+    }
+
     bool hasFailed() const { return !errors.empty(); }
+
+private:
+    std::unordered_set<std::string> warned_;
 };
 
 } // namespace orvane

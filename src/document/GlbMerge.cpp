@@ -1,5 +1,7 @@
 #include "document/GlbMerge.h"
 
+#include "platform/Files.h"
+
 #include <algorithm>
 #include <cctype>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Files.h"
+#include "platform/OutputFile.h"
 
 #include <cstdint>
 #include <string_view>

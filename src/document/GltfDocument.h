@@ -2,11 +2,13 @@
 
 #include "document/GltfRecords.h"
 #include "document/Progress.h"
+#include "document/UniqueNames.h"
 
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace orvane {
@@ -28,6 +30,11 @@ struct GltfDocument {
     RecordList<GltfTexture> textures;
     RecordList<GltfImage> images;
     RecordList<GltfSampler> samplers;
+    std::unordered_map<std::string, std::int32_t> textureByPath; ///< the first texture of each picture
+    UniqueNames materialNames;
+    RecordList<GltfDecal> decals;
+    std::unordered_map<std::int32_t, std::int32_t> decalById;                   ///< index by the host's id
+    std::unordered_map<std::int32_t, OrderedSet<std::int32_t>> componentDecals; ///< by component id
     RecordList<GltfLight> lights;
     RecordList<GltfAnimation> animations;
     std::vector<GltfScene> scenes;

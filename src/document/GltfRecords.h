@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/OrderedSet.h"
+
 #include <array>
 #include <cstdint>
 #include <map>
@@ -82,7 +84,9 @@ struct GltfDecal {
 struct GltfMaterial {
     std::int32_t index = -1;  ///< position in the written materials; -1 until a primitive uses the record
     std::int32_t serial = -1; ///< position in the order of making
-    std::string mname;        ///< unique in its document
+    const void* appearance = nullptr; ///< identity of the host's appearance, null for the default material
+    const void* properties = nullptr; ///< identity of the host's material properties, or null
+    std::string mname;                ///< unique in its document
     std::string tf_shader;
     std::int32_t shaderClass = 0;    ///< the class of `tf_shader`; 0 for a shader that is not known
     std::string fileName;            ///< path of the appearance file
@@ -114,6 +118,8 @@ struct GltfMaterial {
 
     std::int32_t baseColorTexture = -1;
     std::int32_t normalTexture = -1;
+
+    OrderedSet<std::int32_t> decals; ///< those of the components whose faces take the material
 };
 
 struct GltfPrimitive {

@@ -129,14 +129,14 @@ struct MeshBuild {
         return static_cast<std::int32_t>(document.accessors.size()) - 1;
     }
 
-    void addPrimitive(GltfMaterial* material, std::int64_t count, const AccessorBounds& bounds) {
+    void addPrimitive(const GltfMaterial* material, std::int64_t count, const AccessorBounds& bounds) {
         GltfPrimitive& primitive = mesh.primitives.emplace_back();
         primitive.indices = addAccessor(indices, count);
         primitive.position = addAccessor(positions, count);
         document.accessors.back()->bounds = bounds;
         primitive.normal = addAccessor(normals, count);
         primitive.texcoord = addAccessor(texCoords, count);
-        primitive.material = material ? registerMaterial(document, *material) : 0;
+        primitive.material = material ? material->index : 0;
         triangleCount += count;
     }
 };

@@ -1,5 +1,7 @@
 #include "document/WorkingBufferFolder.h"
 
+#include "platform/Files.h"
+
 #include <algorithm>
 #include <utility>
 

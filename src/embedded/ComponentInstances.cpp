@@ -1,6 +1,9 @@
 #include "embedded/ComponentInstances.h"
 
 #include "embedded/InstanceTree.h"
+#include "embedded/PlacementMath.h"
+
+#include <algorithm>
 
 namespace orvane {
 
@@ -9,7 +12,7 @@ ComponentInstances::ComponentInstances(const ModelDocument& document) {
     root.id = document.root.id;
     root.placement = &document.root.placement;
     root.fullName = document.root.name;
-    addChildren(0, document.components);
+    addChildren(0, document, document.components);
     instances_.front().end = static_cast<std::int32_t>(instances_.size());
     base_.reserve(instances_.size());
     for (const ComponentInstance& instance : instances_) {
@@ -17,7 +20,8 @@ ComponentInstances::ComponentInstances(const ModelDocument& document) {
     }
 }
 
-void ComponentInstances::addChildren(std::int32_t parent, const std::vector<ComponentRecord>& components) {
+void ComponentInstances::addChildren(std::int32_t parent, const ModelDocument& holder,
+                                     const std::vector<ComponentRecord>& components) {
     const std::u16string prefix =
         parent == 0 ? std::u16string() : instances_[static_cast<std::size_t>(parent)].fullName + u"/";
     instances_[static_cast<std::size_t>(parent)].childCount = static_cast<std::int32_t>(components.size());
@@ -26,6 +30,7 @@ void ComponentInstances::addChildren(std::int32_t parent, const std::vector<Comp
         const auto position = static_cast<std::int32_t>(instances_.size());
         ComponentInstance& instance = instances_.emplace_back();
         instance.record = &record;
+        instance.holder = &holder;
         instance.parent = parent;
         instance.id = record.id.value_or(position); // depth first from 1 on, the root being 0
         instance.state = record.state;
@@ -38,7 +43,7 @@ void ComponentInstances::addChildren(std::int32_t parent, const std::vector<Comp
                       : instances_[static_cast<std::size_t>(previous)].nextSibling) = position;
         previous = position;
         if (const std::vector<ComponentRecord>* children = childrenOf(record)) {
-            addChildren(position, *children);
+            addChildren(position, record.components ? holder : *record.document, *children);
         }
         instances_[static_cast<std::size_t>(position)].end = static_cast<std::int32_t>(instances_.size());
         if (!record.components && record.document && record.document->kind == DocumentKind::assembly) {
@@ -48,6 +53,24 @@ void ComponentInstances::addChildren(std::int32_t parent, const std::vector<Comp
                        active.displayStates.empty() ? nullptr : &active.displayStates.front());
         }
     }
+}
+
+std::int32_t ComponentInstances::find(const std::u16string& fullName) const {
+    std::int32_t first = -1;
+    const auto [begin, end] = positionsByName_.equal_range(fullName);
+    for (auto found = begin; found != end; ++found) {
+        first = first < 0 ? found->second : std::min(first, found->second);
+    }
+    return first;
+}
+
+Placement ComponentInstances::inRootSpace(std::int32_t position, Placement placement) const {
+    const auto parentOf = [&](std::int32_t at) { return instances_[static_cast<std::size_t>(at)].parent; };
+    for (std::int32_t parent = parentOf(position); parent > 0; parent = parentOf(parent)) {
+        const Placement* above = instances_[static_cast<std::size_t>(parent)].placement;
+        placement = multiplyPlacements(placement, above ? *above : kIdentityPlacement);
+    }
+    return placement;
 }
 
 void ComponentInstances::apply(const ConfigurationRecord& configuration,

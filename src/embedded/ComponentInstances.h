@@ -12,6 +12,7 @@ namespace orvane {
 /// One component of the opened assembly, its sub-assemblies instanced. Position 0 is the root component.
 struct ComponentInstance {
     const ComponentRecord* record = nullptr; ///< null for the root
+    const ModelDocument* holder = nullptr;   ///< the document that holds the record
     std::int32_t parent = -1;
     std::int32_t firstChild = -1;
     std::int32_t nextSibling = -1;
@@ -23,9 +24,12 @@ struct ComponentInstance {
     bool hidden = false;
     const Placement* placement = nullptr; ///< relative to the parent; null where there is none
     std::u16string fullName;
+
+    /// Whether its model is there: a lightweight component is loaded once it is resolved.
+    bool isLoaded() const { return (!record || record->loaded) && state != 1; }
 };
 
-/// All components of an opened assembly, depth first, in the shape that one configuration and display state
+/// All components of an assembly, depth first, in the shape that one configuration and display state
 /// give them.
 class ComponentInstances {
 public:
@@ -38,6 +42,13 @@ public:
     /// states stay.
     void apply(const ConfigurationRecord& configuration, const DisplayStateRecord* displayState);
 
+    /// The first instance of that full name, depth first; -1 where there is none.
+    std::int32_t find(const std::u16string& fullName) const;
+    /// A placement that instance `position` has relative to its parent, in the root's space: multiplied by
+    /// the placements of the parents below the root, one after the other. A missing one counts as the
+    /// identity.
+    Placement inRootSpace(std::int32_t position, Placement placement) const;
+
     std::vector<ComponentInstance>& all() { return instances_; }
     const std::vector<ComponentInstance>& all() const { return instances_; }
 
@@ -48,7 +59,8 @@ private:
         const Placement* placement;
     };
 
-    void addChildren(std::int32_t parent, const std::vector<ComponentRecord>& components);
+    void addChildren(std::int32_t parent, const ModelDocument& holder,
+                     const std::vector<ComponentRecord>& components);
     void applyBelow(std::int32_t top, const ConfigurationRecord& configuration,
                     const DisplayStateRecord* displayState);
     template <class Change>

@@ -11,8 +11,8 @@ namespace {
 
 class EmbeddedFace final : public HostFace {
 public:
-    EmbeddedFace(SessionRef session, const FaceRecord& record)
-        : session_(std::move(session)), record_(record) {}
+    EmbeddedFace(SessionRef session, const ModelDocument& document, const FaceRecord& record)
+        : session_(std::move(session)), document_(document), record_(record) {}
 
     void faceTriangleCount(std::int32_t& count) const override {
         count = static_cast<std::int32_t>(record_.positions.size() / 9);
@@ -25,6 +25,10 @@ public:
     }
     bool faceTriangleTexCoords(std::span<float> texCoords) const override {
         return fill(record_.texCoords, texCoords);
+    }
+
+    HostRef<HostFeature> faceOwningFeature() const override {
+        return makeFeature(session_, document_, record_.feature);
     }
 
     std::int32_t readFaceMark() const override {
@@ -45,14 +49,16 @@ private:
     }
 
     SessionRef session_;
+    const ModelDocument& document_;
     const FaceRecord& record_;
 };
 
 class EmbeddedBody final : public HostBody {
 public:
-    EmbeddedBody(SessionRef session, const BodyRecord& record)
-        : session_(std::move(session)), record_(record) {}
+    EmbeddedBody(SessionRef session, const ModelDocument& document, const BodyRecord& record)
+        : session_(std::move(session)), document_(document), record_(record) {}
 
+    std::u16string bodyName() const override { return record_.name; }
     std::int32_t bodyFaceCount() const override { return static_cast<std::int32_t>(record_.faces.size()); }
     std::vector<HostRef<HostFace>> bodyFaces(std::int32_t count) const override {
         const std::size_t wanted =
@@ -60,7 +66,7 @@ public:
         std::vector<HostRef<HostFace>> faces;
         faces.reserve(wanted);
         for (std::size_t i = 0; i < wanted; ++i) {
-            faces.push_back(makeHostObject<EmbeddedFace>(session_, record_.faces[i]));
+            faces.push_back(makeFace(session_, document_, record_.faces[i]));
         }
         return faces;
     }
@@ -68,22 +74,25 @@ public:
 
 private:
     SessionRef session_;
+    const ModelDocument& document_;
     const BodyRecord& record_;
 };
 
 class EmbeddedBodyEnumerator final : public HostBodyEnumerator {
 public:
-    EmbeddedBodyEnumerator(SessionRef session, std::vector<const BodyRecord*> bodies)
-        : session_(std::move(session)), bodies_(std::move(bodies)) {}
+    EmbeddedBodyEnumerator(SessionRef session, const ModelDocument& document,
+                           std::vector<const BodyRecord*> bodies)
+        : session_(std::move(session)), document_(document), bodies_(std::move(bodies)) {}
 
     HostRef<HostBody> nextBody() override {
-        return next_ < bodies_.size() ? makeHostObject<EmbeddedBody>(session_, *bodies_[next_++])
+        return next_ < bodies_.size() ? makeBody(session_, document_, *bodies_[next_++])
                                       : HostRef<HostBody>();
     }
     void reset() override { next_ = 0; }
 
 private:
     SessionRef session_;
+    const ModelDocument& document_;
     std::vector<const BodyRecord*> bodies_;
     std::size_t next_ = 0;
 };
@@ -103,26 +112,39 @@ std::int32_t typeCode(BodyKind kind) {
 
 } // namespace
 
-HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
-                                               std::int32_t bodyType, bool visibleOnly) {
-    if (document.kind != DocumentKind::part) {
-        return {};
-    }
-    const bool isOpened = &document == &session->opened();
-    const ConfigurationRecord& configuration =
-        document.configurations[isOpened ? session->activeConfiguration : document.activeConfiguration];
+HostRef<HostBody> makeBody(const SessionRef& session, const ModelDocument& document, const BodyRecord& body) {
+    return makeHostObject<EmbeddedBody>(session, document, body);
+}
+
+HostRef<HostFace> makeFace(const SessionRef& session, const ModelDocument& document, const FaceRecord& face) {
+    return makeHostObject<EmbeddedFace>(session, document, face);
+}
+
+std::vector<const BodyRecord*> existingBodies(const EmbeddedSession& session, const ModelDocument& part) {
+    const ConfigurationRecord& configuration = session.configurationOf(part);
     std::unordered_set<std::u16string_view> existing;
     if (configuration.bodies) {
         existing.insert(configuration.bodies->begin(), configuration.bodies->end());
     }
     std::vector<const BodyRecord*> bodies;
-    for (const BodyRecord& body : document.bodies) {
-        const bool exists = !configuration.bodies || existing.contains(body.name);
-        if (exists && typeCode(body.kind) == bodyType && (body.visible || !visibleOnly)) {
+    for (const BodyRecord& body : part.bodies) {
+        if (!configuration.bodies || existing.contains(body.name)) {
             bodies.push_back(&body);
         }
     }
-    return makeHostObject<EmbeddedBodyEnumerator>(session, std::move(bodies));
+    return bodies;
+}
+
+HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
+                                               std::int32_t bodyType, bool visibleOnly) {
+    if (document.kind != DocumentKind::part) {
+        return {};
+    }
+    std::vector<const BodyRecord*> bodies = existingBodies(*session, document);
+    std::erase_if(bodies, [&](const BodyRecord* body) {
+        return typeCode(body->kind) != bodyType || (visibleOnly && !body->visible);
+    });
+    return makeHostObject<EmbeddedBodyEnumerator>(session, document, std::move(bodies));
 }
 
 } // namespace orvane

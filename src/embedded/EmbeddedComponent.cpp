@@ -1,5 +1,4 @@
 #include "embedded/EmbeddedSession.h"
-#include "embedded/PlacementMath.h"
 
 #include <utility>
 
@@ -13,8 +12,9 @@ std::int16_t toFlag(bool value) {
 
 class EmbeddedComponent final : public HostComponent {
 public:
-    EmbeddedComponent(SessionRef session, std::int32_t position)
-        : session_(std::move(session)), position_(static_cast<std::size_t>(position)) {}
+    EmbeddedComponent(SessionRef session, const ModelDocument& assembly, std::int32_t position)
+        : session_(std::move(session)), assembly_(assembly), components_(session_->componentsOf(assembly)),
+          position_(position) {}
 
     HostRef<HostModelDoc> queryModelDoc() const override { return {}; }
     HostRef<HostModelDoc> getModelDoc() const override {
@@ -26,23 +26,21 @@ public:
         return document ? document->path : std::u16string();
     }
 
-    std::int16_t isLoaded() const override {
-        const bool isLoaded = !instance().record || instance().record->loaded;
-        return toFlag(isLoaded && instance().state != kComponentLightweight);
-    }
+    std::int16_t isLoaded() const override { return toFlag(instance().isLoaded()); }
     std::int16_t isSuppressed() const override { return toFlag(instance().suppressed); }
     std::int16_t isHidden(std::int16_t) const override { return toFlag(instance().hidden); }
     std::u16string componentName() const override { return instance().fullName; }
     std::int32_t getComponentId() const override { return instance().id; }
 
     HostRef<HostTransform> getPlacement(std::int16_t) const override {
-        return instance().placement ? makeTransform(inRootSpace(*instance().placement))
+        return instance().placement ? makeTransform(components_.inRootSpace(position_, *instance().placement))
                                     : HostRef<HostTransform>();
     }
     HostRef<HostTransform> getPlacementFallback() const override {
         const ComponentRecord* record = instance().record;
-        return record && record->placementFallback ? makeTransform(inRootSpace(*record->placementFallback))
-                                                   : HostRef<HostTransform>();
+        return record && record->placementFallback
+                   ? makeTransform(components_.inRootSpace(position_, *record->placementFallback))
+                   : HostRef<HostTransform>();
     }
 
     std::int32_t getChildrenCount() const override { return instance().childCount; }
@@ -50,9 +48,20 @@ public:
         std::vector<HostRef<HostComponent>> children;
         children.reserve(static_cast<std::size_t>(instance().childCount));
         for (std::int32_t child = instance().firstChild; child >= 0; child = instanceAt(child).nextSibling) {
-            children.push_back(makeComponent(session_, child));
+            children.push_back(makeComponent(session_, assembly_, child));
         }
         return children;
+    }
+
+    std::int32_t decalCount() const override {
+        return instance().record ? static_cast<std::int32_t>(instance().record->decals.size()) : 0;
+    }
+    std::vector<HostRef<HostDecal>> decals() const override {
+        if (!instance().record) {
+            return {};
+        }
+        return makeDecals(session_, *instance().holder, instance().record->decals,
+                          makeComponent(session_, assembly_, position_));
     }
 
     std::int32_t getState() const override { return instance().state; }
@@ -68,34 +77,27 @@ public:
     const void* identity() const noexcept override { return &instance(); }
 
 private:
-    ComponentInstance& instance() const { return session_->components->all()[position_]; }
+    ComponentInstance& instance() const { return instanceAt(position_); }
     ComponentInstance& instanceAt(std::int32_t position) const {
-        return session_->components->all()[static_cast<std::size_t>(position)];
+        return components_.all()[static_cast<std::size_t>(position)];
     }
 
-    /// The root component shows the opened assembly.
+    /// The root component shows the assembly itself.
     const ModelDocument* shownDocument() const {
-        return instance().record ? instance().record->document : &session_->opened();
-    }
-
-    /// Multiplies by the placements of the parents below the root, one after the other; a missing one counts
-    /// as the identity.
-    Placement inRootSpace(Placement placement) const {
-        for (std::int32_t parent = instance().parent; parent > 0; parent = instanceAt(parent).parent) {
-            const Placement* above = instanceAt(parent).placement;
-            placement = multiplyPlacements(placement, above ? *above : kIdentityPlacement);
-        }
-        return placement;
+        return instance().record ? instance().record->document : &assembly_;
     }
 
     SessionRef session_;
-    std::size_t position_;
+    const ModelDocument& assembly_;
+    ComponentInstances& components_;
+    std::int32_t position_;
 };
 
 } // namespace
 
-HostRef<HostComponent> makeComponent(const SessionRef& session, std::int32_t position) {
-    return makeHostObject<EmbeddedComponent>(session, position);
+HostRef<HostComponent> makeComponent(const SessionRef& session, const ModelDocument& assembly,
+                                     std::int32_t position) {
+    return makeHostObject<EmbeddedComponent>(session, assembly, position);
 }
 
 } // namespace orvane

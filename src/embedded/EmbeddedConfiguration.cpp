@@ -33,7 +33,8 @@ public:
 
     HostRef<HostComponent> getRootComponent() const override {
         const bool isOpened = &document_ == &session_->opened();
-        return isOpened && session_->components ? makeComponent(session_, 0) : HostRef<HostComponent>();
+        return isOpened && document_.kind == DocumentKind::assembly ? makeComponent(session_, document_, 0)
+                                                                    : HostRef<HostComponent>();
     }
 
     const void* identity() const noexcept override { return &record(); }

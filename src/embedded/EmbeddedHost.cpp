@@ -20,6 +20,17 @@ public:
     explicit EmbeddedApplication(SessionRef session) : session_(std::move(session)) {}
 
     HostRef<HostModelDoc> activeDocument() override { return makeModelDoc(session_, session_->opened()); }
+    std::int32_t openDocumentCount() override {
+        return static_cast<std::int32_t>(session_->model.documents.size());
+    }
+    std::vector<HostRef<HostModelDoc>> openDocuments() override {
+        std::vector<HostRef<HostModelDoc>> documents;
+        for (const auto& document : session_->model.documents) {
+            documents.push_back(makeModelDoc(session_, *document));
+        }
+        return documents;
+    }
+    std::u16string hostInstallFolder() override { return session_->hostInstallFolder; }
     void registerTrackingId(const std::u16string&, std::int32_t&) override {}
     HostRef<HostMathUtility> mathUtility() override { return makeHostObject<EmbeddedMathUtility>(); }
 
@@ -29,8 +40,9 @@ private:
 
 } // namespace
 
-HostRef<HostApplication> openEmbeddedHost(Model model) {
-    return makeHostObject<EmbeddedApplication>(std::make_shared<EmbeddedSession>(std::move(model)));
+HostRef<HostApplication> openEmbeddedHost(Model model, std::u16string hostInstallFolder) {
+    return makeHostObject<EmbeddedApplication>(
+        std::make_shared<EmbeddedSession>(std::move(model), std::move(hostInstallFolder)));
 }
 
 } // namespace orvane

@@ -4,6 +4,7 @@
 #include "host/HostApplication.h"
 
 #include <cstdint>
+#include <string>
 
 namespace orvane {
 
@@ -11,7 +12,8 @@ namespace orvane {
 inline constexpr std::int32_t kEmbeddedHostRevision = 28;
 
 /// A host in which `model` is open, its first document in front. Every host operation is answered from the
-/// records.
-HostRef<HostApplication> openEmbeddedHost(Model model);
+/// records. `hostInstallFolder` is the folder of the host's library, as `toHostPath` gives it; empty: there
+/// is no library.
+HostRef<HostApplication> openEmbeddedHost(Model model, std::u16string hostInstallFolder = {});
 
 } // namespace orvane

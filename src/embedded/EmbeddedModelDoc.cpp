@@ -1,5 +1,7 @@
 #include "embedded/EmbeddedSession.h"
+#include "embedded/ShownBox.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvane {
@@ -16,15 +18,64 @@ public:
                                                 std::int16_t visibleOnly) const override {
         return makeBodyEnumerator(session_, document_, bodyType, visibleOnly != 0);
     }
+    std::optional<HostBox> partBox(std::int16_t) const override { return shownBox(*session_, document_); }
 
 private:
     SessionRef session_;
     const ModelDocument& document_;
 };
 
-class EmbeddedAssembly final : public HostAssembly {};
+class EmbeddedAssembly final : public HostAssembly {
+public:
+    EmbeddedAssembly(SessionRef session, const ModelDocument& document)
+        : session_(std::move(session)), document_(document) {}
+
+    std::int32_t componentCount() const override {
+        return static_cast<std::int32_t>(session_->componentsOf(document_).all().size()) - 1;
+    }
+    std::vector<HostRef<HostComponent>> components() const override {
+        std::vector<HostRef<HostComponent>> components;
+        for (std::int32_t i = 1; i <= componentCount(); ++i) {
+            components.push_back(makeComponent(session_, document_, i));
+        }
+        return components;
+    }
+    std::optional<HostBox> assemblyBox() const override { return shownBox(*session_, document_); }
+
+private:
+    SessionRef session_;
+    const ModelDocument& document_;
+};
+
 class EmbeddedView final : public HostView {};
-class EmbeddedDocExtension final : public HostDocExtension {};
+
+class EmbeddedDocExtension final : public HostDocExtension {
+public:
+    EmbeddedDocExtension(SessionRef session, const ModelDocument& document)
+        : session_(std::move(session)), document_(document) {}
+
+    std::int32_t decalCount() const override { return static_cast<std::int32_t>(document_.decals.size()); }
+    std::vector<HostRef<HostDecal>> decals() const override {
+        return makeDecals(session_, document_, document_.decals, {});
+    }
+
+private:
+    SessionRef session_;
+    const ModelDocument& document_;
+};
+
+/// Whether an appearance is listed while this configuration and display state are active.
+bool isListed(const AppearanceRecord& appearance, const ConfigurationRecord& configuration,
+              const DisplayStateRecord* displayState) {
+    const auto holds = [](const std::vector<std::u16string>& names, const std::u16string& name) {
+        return std::ranges::find(names, name) != names.end();
+    };
+    const bool goesWithConfiguration =
+        appearance.configurations.empty() || holds(appearance.configurations, configuration.name);
+    const bool goesWithState = appearance.displayStates.empty() ||
+                               (displayState && holds(appearance.displayStates, displayState->name));
+    return goesWithConfiguration && goesWithState;
+}
 
 class EmbeddedModelDoc final : public HostModelDoc {
 public:
@@ -42,10 +93,24 @@ public:
                                                     : HostRef<EmbeddedPart>();
     }
     HostRef<HostAssembly> assemblyInterface() override {
-        return document_.kind == DocumentKind::assembly ? makeHostObject<EmbeddedAssembly>()
-                                                        : HostRef<EmbeddedAssembly>();
+        return document_.kind == DocumentKind::assembly
+                   ? makeHostObject<EmbeddedAssembly>(session_, document_)
+                   : HostRef<EmbeddedAssembly>();
     }
-    HostRef<HostDocExtension> extension() override { return makeHostObject<EmbeddedDocExtension>(); }
+    HostRef<HostDocExtension> extension() override {
+        return makeHostObject<EmbeddedDocExtension>(session_, document_);
+    }
+
+    std::vector<HostRef<HostAppearance>> appearances() override {
+        std::vector<HostRef<HostAppearance>> listed;
+        for (const AppearanceRecord& appearance : document_.appearances) {
+            if (isListed(appearance, session_->configurationOf(document_),
+                         session_->displayStateOf(document_))) {
+                listed.push_back(makeAppearance(session_, document_, appearance));
+            }
+        }
+        return listed;
+    }
 
     // A model document has one view on the screen, and nothing moves it yet.
     HostRef<HostView> activeView() override { return makeHostObject<EmbeddedView>(); }

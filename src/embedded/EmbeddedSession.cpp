@@ -4,31 +4,43 @@
 
 namespace orvane {
 
-EmbeddedSession::EmbeddedSession(Model openedModel) : model(std::move(openedModel)) {
+EmbeddedSession::EmbeddedSession(Model openedModel, std::u16string folder)
+    : model(std::move(openedModel)), hostInstallFolder(std::move(folder)) {
     const ModelDocument& document = opened();
     for (std::size_t i = 0; i < document.configurations.size(); ++i) {
         configurationsByName.try_emplace(document.configurations[i].name, i);
     }
-    if (document.kind == DocumentKind::assembly) {
-        components.emplace(document);
-    }
     showConfiguration(document.activeConfiguration);
+}
+
+ComponentInstances& EmbeddedSession::componentsOf(const ModelDocument& assembly) {
+    const auto [entry, isNew] = components_.try_emplace(&assembly, assembly);
+    if (isNew) {
+        entry->second.apply(configurationOf(assembly), displayStateOf(assembly));
+    }
+    return entry->second;
+}
+
+const ConfigurationRecord& EmbeddedSession::configurationOf(const ModelDocument& document) const {
+    const bool isOpened = &document == &opened();
+    return document.configurations[isOpened ? activeConfiguration : document.activeConfiguration];
+}
+
+const DisplayStateRecord* EmbeddedSession::displayStateOf(const ModelDocument& document) const {
+    const std::size_t position = &document == &opened() ? activeDisplayState : 0;
+    const auto& states = configurationOf(document).displayStates;
+    return position < states.size() ? &states[position] : nullptr;
 }
 
 void EmbeddedSession::showConfiguration(std::size_t position) {
     activeConfiguration = position;
-    if (components) {
-        const ConfigurationRecord& configuration = opened().configurations[position];
-        components->apply(configuration, configuration.displayStates.empty()
-                                             ? nullptr
-                                             : &configuration.displayStates.front());
-    }
+    applyDisplayState(0);
 }
 
 void EmbeddedSession::applyDisplayState(std::size_t position) {
-    if (components) {
-        const ConfigurationRecord& configuration = opened().configurations[activeConfiguration];
-        components->apply(configuration, &configuration.displayStates[position]);
+    activeDisplayState = position;
+    if (opened().kind == DocumentKind::assembly) {
+        componentsOf(opened()).apply(configurationOf(opened()), displayStateOf(opened()));
     }
 }
 

@@ -9,13 +9,14 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace orvane {
 
 /// The one model that the embedded host has open, and all that changes while it is: shared by every host
 /// object, so that an object stays usable as long as someone holds it.
 struct EmbeddedSession {
-    explicit EmbeddedSession(Model openedModel);
+    EmbeddedSession(Model openedModel, std::u16string folder);
 
     const ModelDocument& opened() const { return *model.documents.front(); }
     /// Makes a configuration of the opened document active and applies its first display state.
@@ -23,13 +24,25 @@ struct EmbeddedSession {
     /// Applies a display state of the active configuration.
     void applyDisplayState(std::size_t position);
 
+    /// The active configuration of any document; only that of the opened one changes.
+    const ConfigurationRecord& configurationOf(const ModelDocument& document) const;
+    /// The applied display state of any document; null where the configuration has none.
+    const DisplayStateRecord* displayStateOf(const ModelDocument& document) const;
+    /// The components of an assembly, instanced: of the opened one as they are shown, of any other as they
+    /// stand in it alone.
+    ComponentInstances& componentsOf(const ModelDocument& assembly);
+
     Model model;
-    std::size_t activeConfiguration = 0;          ///< of the opened document
-    std::optional<ComponentInstances> components; ///< of an assembly
+    std::u16string hostInstallFolder;
+    std::size_t activeConfiguration = 0; ///< of the opened document
+    std::size_t activeDisplayState = 0;  ///< of that configuration
     std::unordered_map<std::u16string, std::size_t>
         configurationsByName; ///< of the opened document, first one of a name
     std::unordered_map<const FaceRecord*, std::int32_t>
         faceMarks; ///< those that differ from the face's own value
+
+private:
+    std::unordered_map<const ModelDocument*, ComponentInstances> components_; ///< made when asked for
 };
 
 using SessionRef = std::shared_ptr<EmbeddedSession>;
@@ -39,11 +52,27 @@ using SessionRef = std::shared_ptr<EmbeddedSession>;
 HostRef<HostModelDoc> makeModelDoc(const SessionRef& session, const ModelDocument& document);
 HostRef<HostConfiguration> makeConfiguration(const SessionRef& session, const ModelDocument& document,
                                              std::size_t position);
-/// `position` is that of the instance among the opened assembly's components.
-HostRef<HostComponent> makeComponent(const SessionRef& session, std::int32_t position);
+/// `position` is that of the instance among the components of `assembly`.
+HostRef<HostComponent> makeComponent(const SessionRef& session, const ModelDocument& assembly,
+                                     std::int32_t position);
+HostRef<HostBody> makeBody(const SessionRef& session, const ModelDocument& document, const BodyRecord& body);
+HostRef<HostFace> makeFace(const SessionRef& session, const ModelDocument& document, const FaceRecord& face);
+/// `position` is that among the document's features, flattened; empty for -1.
+HostRef<HostFeature> makeFeature(const SessionRef& session, const ModelDocument& document,
+                                 std::int32_t position);
+/// The bodies of a part that exist in its active configuration, in the order of its records.
+std::vector<const BodyRecord*> existingBodies(const EmbeddedSession& session, const ModelDocument& part);
 /// The bodies of `document` that exist in its active configuration; empty for a document that is no part.
 HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
                                                std::int32_t bodyType, bool visibleOnly);
 HostRef<HostTransform> makeTransform(const Placement& placement);
+/// An appearance that `document` holds.
+HostRef<HostAppearance> makeAppearance(const SessionRef& session, const ModelDocument& document,
+                                       const AppearanceRecord& appearance);
+/// Decals that `document` holds; those that do not say what they are applied to are stuck on `component`, if
+/// there is one.
+std::vector<HostRef<HostDecal>> makeDecals(const SessionRef& session, const ModelDocument& document,
+                                           const std::vector<DecalRecord>& decals,
+                                           const HostRef<HostComponent>& component);
 
 } // namespace orvane

@@ -39,4 +39,12 @@ Placement invertPlacement(const Placement& a) {
     return inverse;
 }
 
+Vector3 transformPoint(const Placement& a, const Vector3& point) {
+    Vector3 moved{};
+    for (std::size_t column = 0; column < 3; ++column) {
+        moved[column] = dotColumn(point.data(), a, column) * a[12] + a[9 + column];
+    }
+    return moved;
+}
+
 } // namespace orvane

@@ -13,4 +13,7 @@ Placement multiplyPlacements(const Placement& a, const Placement& b);
 /// infinities.
 Placement invertPlacement(const Placement& a);
 
+/// A point in the space that `a` leads to.
+Vector3 transformPoint(const Placement& a, const Vector3& point);
+
 } // namespace orvane

@@ -1,5 +1,7 @@
 #include "export/ComponentTree.h"
 
+#include "appearance/NodeMaterials.h"
+#include "appearance/Textures.h"
 #include "document/AsciiNames.h"
 #include "geometry/Tessellation.h"
 
@@ -33,20 +35,89 @@ HostRef<HostTransform> placeNode(const ExportContext& context, GltfNode& node, c
     return world;
 }
 
+GltfMaterial* componentMaterial(const ExportContext& context, const HostRef<HostComponent>& component,
+                                const ParentNode* parent) {
+    GltfMaterial* const own =
+        component ? context.appearances.Find(AppearanceKind::component, component->componentName()) : nullptr;
+    return own || !parent ? own : parent->material;
+}
+
+HostRef<HostModelDoc> documentOf(const HostRef<HostComponent>& component, const HostRef<HostPart>& part) {
+    if (!component) {
+        return part->getModelDoc();
+    }
+    HostRef<HostModelDoc> document = component->queryModelDoc();
+    return document ? document : component->getModelDoc();
+}
+
+/// The box of the document in front, asked for once in a scene.
+const ModelBounds& modelBounds(ExportContext& context) {
+    if (!context.modelBounds) {
+        std::optional<HostBox> box;
+        if (const HostRef<HostAssembly> assembly = context.modelDoc->assemblyInterface()) {
+            box = assembly->assemblyBox();
+        } else if (const HostRef<HostPart> part = context.modelDoc->partInterface()) {
+            box = part->partBox(kVisibleOnly);
+        }
+        context.modelBounds = box ? makeModelBounds(*box) : ModelBounds{};
+    }
+    return *context.modelBounds;
+}
+
+/// Every material that a face of the node takes knows the decals of the node's component.
+void addDecals(GltfDocument& document, GeomStreams& streams, const HostComponent& component) {
+    const auto decals = document.componentDecals.find(component.getComponentId());
+    if (decals == document.componentDecals.end()) {
+        return;
+    }
+    for (auto& [material, stream] : streams) {
+        for (const std::int32_t decal : decals->second) {
+            if (material) {
+                material->decals.add(decal);
+            }
+        }
+    }
+}
+
+/// Materials get their indices in the order in which primitives come to use them.
+void registerMaterials(ExportContext& context, const GeomStreams& streams) {
+    for (const auto& [material, stream] : streams) {
+        if (material && stream.triangleCount() > 0) {
+            registerWithTextures(context.document, *material, context.report);
+        }
+    }
+}
+
+/// What a node shows. `material` is that of its component, or of one above it.
 void buildMesh(ExportContext& context, GltfNode& node, const HostRef<HostComponent>& component,
-               const HostRef<HostPart>& part) {
+               const HostRef<HostPart>& part, GltfMaterial* material) {
     const HostRef<HostBodyEnumerator> bodies = component
                                                    ? component->enumerateBodies(kSolidBody, kVisibleOnly)
                                                    : part->enumerateBodies(kSolidBody, kVisibleOnly);
     if (!bodies) {
         return;
     }
+    const HostRef<HostModelDoc> document = documentOf(component, part);
+    NodeMaterials materials(context.appearances, material, document.get(),
+                            component ? component->componentName() : std::u16string());
+    materials.buildFaceMap(*bodies);
+    bodies->reset();
+
     context.meshBuffers.folder.settle();
     GeomStreams streams;
-    tessellateBodies(*bodies, streams, context.meshBuffers.folder.memory());
-    if (!streams.empty()) {
-        writeMeshBuffers(context.document, node, streams, context.meshBuffers);
+    tessellateBodies(*bodies,
+                     {.materialOf = [&](HostFace& face) { return materials.faceMaterial(face); },
+                      .modelBounds = [&]() -> const ModelBounds& { return modelBounds(context); },
+                      .memory = context.meshBuffers.folder.memory()},
+                     streams);
+    if (streams.empty()) {
+        return;
     }
+    if (component) {
+        addDecals(context.document, streams, *component);
+    }
+    registerMaterials(context, streams);
+    writeMeshBuffers(context.document, node, streams, context.meshBuffers);
 }
 
 } // namespace
@@ -77,9 +148,11 @@ void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& co
         node.visible = !isHidden;
     }
     nameNode(node, component ? component->componentName() : context.title);
-    const ParentNode self{node.id, placeNode(context, node, component.get(), parent)};
+    const ParentNode self{node.id, placeNode(context, node, component.get(), parent),
+                          componentMaterial(context, component, parent)};
     if (hasGeometry) {
-        buildMesh(context, node, component, part);
+        // An appearance of the root component itself reaches only what stands below it.
+        buildMesh(context, node, component, part, parent ? self.material : nullptr);
     }
     if (component && component->getChildrenCount() > 0) {
         for (const HostRef<HostComponent>& child : component->getChildren()) {

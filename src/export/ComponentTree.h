@@ -7,10 +7,11 @@
 
 namespace orvane {
 
-/// A node whose children are being built, with its placement in the root's space (empty where it has none).
+/// A node whose children are being built.
 struct ParentNode {
     std::int32_t id;
-    HostRef<HostTransform> world;
+    HostRef<HostTransform> world; ///< its placement in the root's space; empty where it has none
+    GltfMaterial* material; ///< of its own component or of the nearest one above it that has one, or null
 };
 
 /// The placement that a component answers, or its fallback; empty where it has neither.

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "appearance/AppearanceTable.h"
 #include "document/GltfDocument.h"
 #include "document/MeshBuffers.h"
 #include "export/ExportOptions.h"
+#include "geometry/ModelBounds.h"
 #include "host/HostApplication.h"
 
+#include <optional>
 #include <string>
 
 namespace orvane {
@@ -18,9 +21,11 @@ struct ExportContext {
     GltfDocument& document;
     ExportReport& report;
     MeshBufferTarget meshBuffers;
+    AppearanceTable& appearances;
     std::u16string title; ///< of the document; the name of a part's node
     HostRef<HostTransform>
         rootTransform; ///< by which every placement below the root is multiplied; one for each scene
+    std::optional<ModelBounds> modelBounds; ///< of the present scene, once they were asked for
 };
 
 } // namespace orvane

@@ -1,5 +1,6 @@
 #include "export/OrvaneExporter.h"
 
+#include "appearance/MaterialIndex.h"
 #include "document/AsciiNames.h"
 #include "document/DiskBufferFolder.h"
 #include "document/WorkingBufferFolder.h"
@@ -189,6 +190,10 @@ void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const 
 /// Fills the document from the host, and puts the host back as it was. Gives the index of the active scene.
 std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDoc, BufferFolder& folder) {
     BufferNames names;
+    AppearanceTable appearances(
+        {.document = document_,
+         .report = report_,
+         .hostInstallFolder = toSystemNarrow(surroundings_.host.hostInstallFolder())});
     ExportContext context{.host = surroundings_.host,
                           .modelDoc = modelDoc,
                           .isAssembly = modelDoc->getDocumentType() == kAssemblyDocument,
@@ -196,11 +201,13 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .document = document_,
                           .report = report_,
                           .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize() != 0},
+                          .appearances = appearances,
                           .title = defaultDocumentTitle(),
-                          .rootTransform = {}};
+                          .rootTransform = {},
+                          .modelBounds = {}};
     const HostRef<HostView> view = modelDoc->activeView();
     const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
-    registerMaterial(document_, makeMaterial(document_)); // the default material, always the first
+    MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
     buildScenes(context, configurations);
     if (configurations.activeConfiguration) {
         modelDoc->showConfiguration(configurations.activeConfiguration->getConfigurationName());

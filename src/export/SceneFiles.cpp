@@ -3,7 +3,9 @@
 #include "document/DocumentWriter.h"
 #include "document/GlbMerge.h"
 #include "document/GlbWriter.h"
+#include "export/PictureFolder.h"
 #include "platform/Files.h"
+#include "platform/OutputFile.h"
 
 #include <limits>
 #include <utility>
@@ -14,17 +16,15 @@ namespace {
 
 constexpr std::int64_t kLargestBinary = std::numeric_limits<std::uint32_t>::max();
 
-// No record asks for a picture as long as materials carry no textures.
+/// A picture that could not be embedded stays outside, under its name alone.
 void copyNoPicture(const std::string&, std::string&, bool) {}
-std::string copyNoWorkingPicture(const std::string&, std::string&, bool) {
-    return {};
-}
 
-void writeWholeText(GltfDocument& document, std::int32_t activeScene, TextStream::Drain drain) {
+void writeWholeText(GltfDocument& document, std::int32_t activeScene, const PictureCopier& copyPicture,
+                    TextStream::Drain drain) {
     TextStream gltf;
     gltf.drainTo(std::move(drain));
     writeDocumentHead(gltf, activeScene);
-    writeDocument(gltf, document, copyNoPicture);
+    writeDocument(gltf, document, copyPicture);
     gltf << "}\n";
     gltf.drainAll();
 }
@@ -40,13 +40,18 @@ void putInPlace(OutputFile& file, const ExportTarget& target, ExportReport& repo
 void writeTextScene(GltfDocument& document, std::int32_t activeScene, const ExportTarget& target,
                     ExportReport& report) {
     OutputFile file = OutputFile::createTemporary(target.destinationFolder);
-    writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
+    PictureFolder pictures(target.destinationFolder, report);
+    writeWholeText(document, activeScene, pictures.copier(),
+                   [&](std::string_view text) { file.write(text); });
     putInPlace(file, target, report);
+    if (!report.hasFailed()) {
+        pictures.keep();
+    }
 }
 
 void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingBufferFolder& folder,
                       const ExportTarget& target, ExportReport& report) {
-    const std::vector<FileRange> ranges = mergeBuffers(document, folder, copyNoWorkingPicture);
+    const std::vector<FileRange> ranges = mergeBuffers(document, folder, WorkingPictures(report).copier());
     if (report.hasFailed()) {
         return;
     }
@@ -54,7 +59,7 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
     GlbWriter glb(file);
     glb.writeHeader();
     glb.beginJsonChunk();
-    writeWholeText(document, activeScene, [&](std::string_view text) { glb.writeJson(text); });
+    writeWholeText(document, activeScene, copyNoPicture, [&](std::string_view text) { glb.writeJson(text); });
     glb.endJsonChunk();
     std::int64_t total = file.position();
     for (const FileRange& range : ranges) {

@@ -1,5 +1,7 @@
 #include "export/SceneLoop.h"
 
+#include "appearance/Decals.h"
+#include "appearance/GatherAppearances.h"
 #include "document/AsciiNames.h"
 #include "export/ComponentStates.h"
 #include "export/ComponentTree.h"
@@ -21,6 +23,7 @@ HostRef<HostTransform> rootTransformOf(HostApplication& host, const HostComponen
 
 void buildPartNodes(ExportContext& context, GltfScene& scene) {
     if (const HostRef<HostPart> part = context.modelDoc->partInterface()) {
+        gatherAppearances(context.host, context.appearances);
         buildComponentTree(context, {}, part, scene.nodes, nullptr);
     }
 }
@@ -37,7 +40,11 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
     }
     context.rootTransform = rootTransformOf(context.host, *root);
     if (context.rootTransform) {
+        gatherAppearances(context.host, context.appearances);
+        CollectDecals(context.appearances.source(), *context.modelDoc, root);
         buildComponentTree(context, root, {}, scene.nodes, nullptr);
+        // The next scene gathers afresh: another display state may give other appearances.
+        context.appearances.Clear(true);
     }
 }
 
@@ -45,6 +52,7 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
 void buildScene(ExportContext& context, HostConfiguration& configuration, const GltfScene& config,
                 std::size_t state) {
     configuration.applyDisplayState(config.displayStateNames[state]);
+    context.modelBounds.reset();
     GltfScene scene = config;
     scene.name = config.name + " - " + config.displayStates[state];
     if (context.isAssembly) {

@@ -1,5 +1,7 @@
 #include "geometry/Tessellation.h"
 
+#include "geometry/UvGenerator.h"
+
 #include <algorithm>
 
 namespace orvane {
@@ -13,12 +15,27 @@ void zeroUnless(bool isFilled, std::span<float> numbers) {
     }
 }
 
+FloatVector vectorAt(std::span<const float> numbers, std::size_t vertex) {
+    return {numbers[3 * vertex], numbers[3 * vertex + 1], numbers[3 * vertex + 2]};
+}
+
+void generateTexCoords(const UvGenerator& generator, std::span<const float> positions,
+                       std::span<const float> normals, std::span<float> texCoords) {
+    for (std::size_t vertex = 0; vertex < texCoords.size() / 2; ++vertex) {
+        FloatVector uv;
+        generator.generate(vectorAt(positions, vertex), vectorAt(normals, vertex), uv);
+        texCoords[2 * vertex] = uv.x;
+        texCoords[2 * vertex + 1] = uv.y;
+    }
+}
+
 } // namespace
 
-void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& streams,
-                         std::pmr::memory_resource& memory) {
+void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, const TessellationInput& input,
+                         GeomStreams& streams) {
     for (const HostRef<HostFace>& face : faces) {
-        GeomStream& stream = streams.try_emplace(nullptr, memory).first->second;
+        GltfMaterial* const theMaterial = input.materialOf(*face);
+        GeomStream& stream = streams.try_emplace(theMaterial, input.memory).first->second;
         std::int32_t count = -1;
         face->faceTriangleCount(count);
         if (count <= 0) {
@@ -30,15 +47,20 @@ void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, GeomStreams& 
         const std::span<float> texCoords = stream.texCoords.grow(6 * triangles);
         zeroUnless(face->faceTrianglePositions(true, positions), positions);
         zeroUnless(face->faceTriangleNormals(normals), normals);
-        zeroUnless(face->faceTriangleTexCoords(texCoords), texCoords);
+        if (!theMaterial || theMaterial->mappingType == 0) {
+            zeroUnless(face->faceTriangleTexCoords(texCoords), texCoords);
+        } else {
+            generateTexCoords(makeUvGenerator(*theMaterial, input.modelBounds()), positions, normals,
+                              texCoords);
+        }
     }
 }
 
-void tessellateBodies(HostBodyEnumerator& bodies, GeomStreams& streams, std::pmr::memory_resource& memory) {
+void tessellateBodies(HostBodyEnumerator& bodies, const TessellationInput& input, GeomStreams& streams) {
     while (const HostRef<HostBody> body = bodies.nextBody()) {
         const std::int32_t count = body->bodyFaceCount();
         if (count > 0) {
-            tessellateBodyFaces(body->bodyFaces(count), streams, memory);
+            tessellateBodyFaces(body->bodyFaces(count), input, streams);
         }
     }
 }

@@ -4,6 +4,7 @@
 #include "host/HostRef.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace orvane {
@@ -14,6 +15,7 @@ inline constexpr std::int32_t kSolidBody = 0;
 /// A body of a part.
 class HostBody : public HostObject {
 public:
+    virtual std::u16string bodyName() const = 0;
     virtual std::int32_t bodyFaceCount() const = 0;
     /// At most the first `count` faces, in the host's order.
     virtual std::vector<HostRef<HostFace>> bodyFaces(std::int32_t count) const = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/HostBody.h"
+#include "host/HostDecal.h"
 #include "host/HostRef.h"
 #include "host/HostTransform.h"
 
@@ -44,6 +45,10 @@ public:
 
     virtual std::int32_t getChildrenCount() const = 0;
     virtual std::vector<HostRef<HostComponent>> getChildren() const = 0;
+
+    virtual std::int32_t decalCount() const = 0;
+    /// The decals that the component itself carries.
+    virtual std::vector<HostRef<HostDecal>> decals() const = 0;
 
     virtual std::int32_t getState() const = 0;
     virtual void setState(std::int32_t state) = 0;

@@ -1,10 +1,18 @@
 #pragma once
 
-#include "host/HostObject.h"
+#include "host/HostDecal.h"
+#include "host/HostRef.h"
+
+#include <cstdint>
+#include <vector>
 
 namespace orvane {
 
 /// The extension object of a document.
-class HostDocExtension : public HostObject {};
+class HostDocExtension : public HostObject {
+public:
+    virtual std::int32_t decalCount() const = 0;
+    virtual std::vector<HostRef<HostDecal>> decals() const = 0;
+};
 
 } // namespace orvane

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "host/HostFeature.h"
 #include "host/HostObject.h"
+#include "host/HostRef.h"
 
 #include <cstdint>
 #include <span>
@@ -20,6 +22,9 @@ public:
     virtual bool faceTriangleNormals(std::span<float> normals) const = 0;
     /// Fills 6 floats a triangle in place: u and v in the vertex order of the positions.
     virtual bool faceTriangleTexCoords(std::span<float> texCoords) const = 0;
+
+    /// The feature that made the face; empty when it has none.
+    virtual HostRef<HostFeature> faceOwningFeature() const = 0;
 
     /// The face's user value, which lasts as long as its document stays open; 0 at first.
     virtual std::int32_t readFaceMark() const = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/HostAppearance.h"
 #include "host/HostAssembly.h"
 #include "host/HostConfiguration.h"
 #include "host/HostDocExtension.h"
@@ -32,6 +33,9 @@ public:
     /// Empty for a document that is no assembly.
     virtual HostRef<HostAssembly> assemblyInterface() = 0;
     virtual HostRef<HostDocExtension> extension() = 0;
+
+    /// The appearances that the document lists in its active configuration; an entry may be empty.
+    virtual std::vector<HostRef<HostAppearance>> appearances() = 0;
 
     virtual HostRef<HostView> activeView() = 0;
     virtual void setActiveView(const HostRef<HostView>& view) = 0;

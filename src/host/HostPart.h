@@ -1,9 +1,11 @@
 #pragma once
 
 #include "host/HostBody.h"
+#include "host/HostBox.h"
 #include "host/HostRef.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace orvane {
 
@@ -18,6 +20,8 @@ public:
     /// the host gives no enumerator.
     virtual HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType,
                                                         std::int16_t visibleOnly) const = 0;
+    /// The box of the bodies that are shown; nothing when that is nothing. `visibleOnly` is a flag.
+    virtual std::optional<HostBox> partBox(std::int16_t visibleOnly) const = 0;
 };
 
 } // namespace orvane

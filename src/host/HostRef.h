@@ -44,6 +44,13 @@ private:
     T* object_ = nullptr;
 };
 
+/// The object in the role `T`; empty where it has another one. For objects whose kind is not known
+/// beforehand.
+template <class T, class U>
+HostRef<T> inRole(const HostRef<U>& object) {
+    return HostRef<T>(dynamic_cast<T*>(object.get()));
+}
+
 /// Makes a host object of class `T` and gives the first reference to it.
 template <class T, class... Arguments>
 HostRef<T> makeHostObject(Arguments&&... arguments) {

@@ -1,5 +1,7 @@
 #include "platform/Files.h"
+
 #include "platform/NarrowText.h"
+#include "platform/OutputFile.h"
 
 #include "support/TemporaryFolder.h"
 

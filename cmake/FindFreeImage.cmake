@@ -1,0 +1,13 @@
+# FreeImage, through which pictures become PNG files. Gives the target FreeImage::FreeImage.
+find_path(FreeImage_INCLUDE_DIR FreeImage.h)
+find_library(FreeImage_LIBRARY freeimage)
+mark_as_advanced(FreeImage_INCLUDE_DIR FreeImage_LIBRARY)
+include(FindPackageHandleStandardArgs)
+find_package_handle_standard_args(FreeImage REQUIRED_VARS FreeImage_LIBRARY FreeImage_INCLUDE_DIR)
+if(FreeImage_FOUND AND NOT TARGET FreeImage::FreeImage)
+    add_library(FreeImage::FreeImage UNKNOWN IMPORTED GLOBAL)
+    set_target_properties(FreeImage::FreeImage PROPERTIES
+        IMPORTED_LOCATION "${FreeImage_LIBRARY}"
+        INTERFACE_SYSTEM_INCLUDE_DIRECTORIES "${FreeImage_INCLUDE_DIR}"
+        INTERFACE_INCLUDE_DIRECTORIES "${FreeImage_INCLUDE_DIR}")
+endif()

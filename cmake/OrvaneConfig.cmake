@@ -1,0 +1,5 @@
+include(CMakeFindDependencyMacro)
+list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
+find_dependency(FreeImage MODULE)
+list(POP_FRONT CMAKE_MODULE_PATH)
+include(${CMAKE_CURRENT_LIST_DIR}/OrvaneTargets.cmake)

@@ -1,0 +1,26 @@
+#include "appearance/FaceMarks.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::uint32_t kPattern = 0xFACE;
+
+std::uint32_t faceMarkCounter = 0;
+
+} // namespace
+
+std::int32_t faceMark(HostFace& face, bool create) {
+    const std::int32_t value = face.readFaceMark();
+    if ((static_cast<std::uint32_t>(value) & kPattern) == kPattern) {
+        return value;
+    }
+    if (!create) {
+        return kNoFaceMark;
+    }
+    const auto mark = static_cast<std::int32_t>(faceMarkCounter++ << 16 | kPattern);
+    face.writeFaceMark(mark);
+    return mark;
+}
+
+} // namespace orvane

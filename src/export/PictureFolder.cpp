@@ -1,0 +1,33 @@
+#include "export/PictureFolder.h"
+
+#include "appearance/CopyOrConvertImage.h"
+#include "platform/Files.h"
+
+namespace orvane {
+
+PictureFolder::~PictureFolder() {
+    for (const std::string& path : made_) {
+        removeFile(path);
+    }
+}
+
+PictureCopier PictureFolder::copier() {
+    return [this](const std::string& sourcePath, std::string& name, bool isNormalMap) {
+        std::string path = CopyOrConvertImage(sourcePath, folder_, name, isNormalMap, report_);
+        if (!path.empty()) {
+            made_.push_back(std::move(path));
+        }
+    };
+}
+
+WorkingPictureCopier WorkingPictures::copier() {
+    return [this](const std::string& sourcePath, std::string& name, bool isNormalMap) {
+        if (folder_.path().empty()) {
+            report_.warn("pictures are left out: there is no folder for temporary files");
+            return std::string();
+        }
+        return CopyOrConvertImage(sourcePath, folder_.path(), name, isNormalMap, report_);
+    };
+}
+
+} // namespace orvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/HostObject.h"
+#include "host/HostRef.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orvane {
+
+/// What a feature is made by.
+class HostFeatureDefinition : public HostObject {
+public:
+    /// Whether the feature's faces may take the look of its seeds, as the instances of a pattern do.
+    virtual bool definitionPropagate() const = 0;
+    virtual std::int32_t definitionSeedCount() const = 0;
+    /// The entities that the feature repeats; each may or may not be a feature.
+    virtual std::vector<HostRef<HostObject>> definitionSeeds() const = 0;
+};
+
+/// One feature of a document's feature tree.
+class HostFeature : public HostObject {
+public:
+    virtual std::u16string featureName() const = 0;
+    /// Empty for a feature without one.
+    virtual HostRef<HostFeatureDefinition> featureDefinition() const = 0;
+};
+
+} // namespace orvane

@@ -1,0 +1,190 @@
+#include "appearance/AppearanceReading.h"
+
+#include "appearance/AppearanceTable.h"
+#include "appearance/MaterialIndex.h"
+#include "embedded/EmbeddedHost.h"
+#include "support/ModelBuilder.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+namespace orvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+
+/// A material's own properties, which model documents do not have.
+class GivenProperties : public HostMaterialProperties {
+public:
+    explicit GivenProperties(const MaterialPropertyValues& given) : values(given) {}
+    MaterialPropertyValues readValues() const override { return values; }
+    MaterialPropertyValues values;
+};
+
+/// Reads appearances of the embedded host.
+struct AppearanceReading : testing::Test {
+    HostRef<HostAppearance> appearance(const AppearanceRecord& record) {
+        ModelBuilder builder;
+        ModelDocument& part = builder.part(u"p.tfgprt");
+        part.appearances = {record};
+        hosts.push_back(openEmbeddedHost(builder.take()));
+        return hosts.back()->activeDocument()->appearances().front();
+    }
+    const GltfMaterial& read(const AppearanceRecord& record) {
+        return readAppearance(source, appearance(record).get());
+    }
+    /// An appearance file of that name with this text.
+    AppearanceRecord withFile(const std::string& name, const std::string& text) {
+        writeFile(folder / name, text);
+        return {.file = folder / name};
+    }
+
+    TemporaryFolder folder;
+    GltfDocument document;
+    ExportReport report;
+    MaterialSource source{.document = document, .report = report, .hostInstallFolder = "host"};
+    std::vector<HostRef<HostApplication>> hosts;
+};
+
+TEST_F(AppearanceReading, MakesAMidGreyMaterialFromNothing) {
+    const GltfMaterial& material = readAppearance(source, nullptr);
+    EXPECT_EQ(material.primaryColor, 0x7F7F7F7Fu);
+    EXPECT_EQ(material.mname, "");
+    EXPECT_EQ(material.a_diffuse, 1);
+    EXPECT_EQ(material.index, -1);
+}
+
+TEST_F(AppearanceReading, TakesNamesFromTheFile) {
+    const auto name = [&](const std::string& file) { return read({.file = file}).mname; };
+    EXPECT_EQ(name("/a/my steel.v2.tfm"), "my steel.v2");
+    EXPECT_EQ(name("/a/my steel.v2.tfm"), "my steel.v2-1");
+    EXPECT_EQ(name("/b/my steel.v2-1.tfm"), "my steel.v2-1-1") << "taken by the second";
+    EXPECT_EQ(name("/b/my steel.v2.other"), "my steel.v2-2");
+    EXPECT_EQ(name("/b.c/plain"), "plain");
+    EXPECT_EQ(name("/b/Gr\xC3\xBCn.tfm"), "Gr\xC3\xBCn");
+    EXPECT_EQ(name(""), "");
+    EXPECT_EQ(name(""), "-1");
+    EXPECT_THAT(report.warnings, testing::Contains("the appearance file /b.c/plain cannot be read"));
+}
+
+TEST_F(AppearanceReading, LetsOnlyLampsGlow) {
+    const auto emission = [&](const std::string& file) {
+        return read({.file = file, .emission = 2}).a_emission;
+    };
+    EXPECT_EQ(emission("/Neon Tube.tfm"), 2);
+    EXPECT_EQ(emission("/xLEDx.tfm"), 2);
+    EXPECT_EQ(emission("/led.tfm"), 0);
+    EXPECT_EQ(emission("/Light/steel.tfm"), 0) << "the folder's name does not count";
+    EXPECT_EQ(read({.file = "/steel.tfm", .emission = -1}).a_emission, -1);
+}
+
+TEST_F(AppearanceReading, PutsTheFileOverTheHostsValues) {
+    AppearanceRecord record = withFile(
+        "dark.tfm", "\"tf_shader\" polishedbrass\n\"col1\" 0.2,0.9,0.9\n\"bumpTexture\" \"a/b.dds\"");
+    record.primaryColor = 0xFF000000;
+    record.bumpTexture = "/own.png";
+    const GltfMaterial& material = read(record);
+    EXPECT_EQ(material.tf_shader, "polishedbrass");
+    EXPECT_EQ(material.shaderClass, 4);
+    EXPECT_EQ(material.primaryColor, 0x333333u);
+    EXPECT_EQ(material.bumpTextureFileName, "host\\data\\a\\b.dds");
+    record.primaryColor = 0x010000;
+    EXPECT_EQ(read(record).primaryColor, 0x010000u) << "only black takes the colour of the file";
+    EXPECT_EQ(read(withFile("none.tfm", "\"col1\" 0,1,1")).primaryColor, 0x7F7F7Fu);
+    EXPECT_THAT(report.warnings, IsEmpty());
+}
+
+TEST_F(AppearanceReading, LooksForPicturesOfTheLibrary) {
+    const GltfMaterial& oak = read(withFile("Old Oak.tfm", "x"));
+    EXPECT_THAT(oak.textureFileName, EndsWith("\\textures\\organic\\wood\\oak\\polished oak.jpg"));
+    EXPECT_EQ(oak.primaryColor, 0xFFFFFFu) << "white, although the picture is not there";
+    EXPECT_EQ(oak.bumpTextureFileName, "");
+    AppearanceRecord own = withFile("satin oak.tfm", "\"bumpTexture\" \"b.dds\"");
+    own.texture = "/mine.jpg";
+    const GltfMaterial& material = read(own);
+    EXPECT_EQ(material.textureFileName, "\\mine.jpg");
+    EXPECT_EQ(material.primaryColor, 0xFFFFFFu);
+    EXPECT_EQ(material.bumpTextureFileName, "host\\data\\b.dds") << "goes before the finish of the name";
+}
+
+TEST_F(AppearanceReading, NarrowsTheMapping) {
+    AppearanceRecord record;
+    record.mapping = {.type = 3, .width = 0.1, .center = {0.1, 0, 2}, .mirrorHorizontal = true};
+    const GltfMaterial& material = read(record);
+    EXPECT_EQ(material.mappingType, 3);
+    EXPECT_EQ(material.width, 0.1);
+    EXPECT_EQ(material.cx, 0.1f);
+    EXPECT_EQ(material.cz, 2.0f);
+    EXPECT_TRUE(material.MirrorHorizontal);
+    EXPECT_FALSE(material.MirrorVertical);
+}
+
+TEST_F(AppearanceReading, PutsMaterialPropertiesOverTheAppearance) {
+    GltfMaterial material;
+    material.primaryColor = 0xAA000000;
+    material.l_specularColor = 7;
+    AssignMaterialProperties(material, nullptr);
+    EXPECT_EQ(material.l_specularColor, 7u);
+    const auto assign = [&](const MaterialPropertyValues& values) {
+        AssignMaterialProperties(material, makeHostObject<GivenProperties>(values).get());
+    };
+    assign({.blurry = 1, .l_primaryColor = 0x112233, .a_emission = 3, .a_specularSpread = 0.25});
+    EXPECT_FALSE(material.blurry) << "only all bits count";
+    EXPECT_EQ(material.primaryColor, 0x112233u);
+    EXPECT_EQ(material.a_emission, 3);
+    EXPECT_EQ(material.a_diffuse, 0);
+    EXPECT_EQ(material.l_specularColor, 0u);
+    assign({.blurry = -1, .l_primaryColor = 0x445566});
+    EXPECT_TRUE(material.blurry);
+    EXPECT_EQ(material.primaryColor, 0x112233u) << "only black is replaced";
+    material.primaryColor = 0;
+    material.textureFileName = "x";
+    assign({.l_primaryColor = 0x445566});
+    EXPECT_EQ(material.primaryColor, 0u) << "a picture keeps its colour";
+}
+
+TEST_F(AppearanceReading, FindsTheIndexOfAPairOrMakesOne) {
+    AppearanceTable table(source);
+    const HostRef<HostAppearance> red = appearance({.primaryColor = 0xFF});
+    const auto properties = makeHostObject<GivenProperties>(MaterialPropertyValues{.a_transparency = 0.5});
+    EXPECT_EQ(MaterialIndexFor(table, {}, {}, false), -1);
+    EXPECT_EQ(MaterialIndexFor(table, {}, {}, true), 0);
+    EXPECT_EQ(MaterialIndexFor(table, {}, {}, true), 0);
+    EXPECT_EQ(MaterialIndexFor(table, {}, red, false), 1);
+    EXPECT_EQ(MaterialIndexFor(table, properties, red, false), 2);
+    EXPECT_EQ(MaterialIndexFor(table, {}, red, false), 1);
+    EXPECT_EQ(document.materials[2]->a_transparency, 0.5);
+    EXPECT_EQ(table.Find(red), document.materials[2]) << "the latest stands for the appearance";
+    EXPECT_EQ(&table.FindOrCreate(red), document.materials[2]);
+    table.Clear(false);
+    EXPECT_EQ(table.Find(red), document.materials[2]);
+    table.Clear(true);
+    EXPECT_EQ(table.Find(red), nullptr);
+    EXPECT_EQ(document.materials.size(), 3u);
+}
+
+TEST_F(AppearanceReading, TellsKindsOfEntitiesApart) {
+    AppearanceTable table(source);
+    GltfMaterial a, b, c;
+    table.Register(AppearanceKind::body, u"p\\x", a);
+    table.Register(AppearanceKind::feature, u"p\\x", b);
+    table.Register(AppearanceKind::face, u"p\\x", c);
+    table.Register(AppearanceKind::face, 7, c);
+    table.Register(AppearanceKind::component, 7, a);
+    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), &a);
+    EXPECT_EQ(table.Find(AppearanceKind::feature, u"p\\x"), &b);
+    EXPECT_EQ(table.Find(AppearanceKind::face, u"p\\x"), nullptr);
+    EXPECT_EQ(table.Find(AppearanceKind::document, u"p\\x"), nullptr);
+    EXPECT_EQ(table.Find(AppearanceKind::face, 7), &c);
+    EXPECT_EQ(table.Find(AppearanceKind::component, 7), nullptr);
+    table.Register(AppearanceKind::body, u"p\\x", c);
+    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), &c);
+    table.Clear(false);
+    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), nullptr);
+    EXPECT_EQ(table.Find(AppearanceKind::face, 7), nullptr);
+}
+
+} // namespace
+} // namespace orvane

@@ -1,0 +1,113 @@
+#include "appearance/Decals.h"
+
+#include "support/PaintedModel.h"
+#include "support/Pictures.h"
+
+#include <gmock/gmock.h>
+
+namespace orvane {
+namespace {
+
+using testing::ElementsAre;
+
+struct Decals : testing::Test {
+    Decals() {
+        for (const char* name : {"a.png", "b.png", "mask.png"}) {
+            writeFile(folder / name, pngPicture(name));
+        }
+    }
+
+    DecalRecord decal(std::int32_t id, const std::string& picture, const std::string& mask = {}) {
+        DecalRecord made;
+        made.id = id;
+        made.appearance.texture = folder / picture;
+        made.appearance.file = "/" + std::to_string(id) + ".tfm";
+        made.maskFile = mask.empty() ? "" : folder / mask;
+        return made;
+    }
+
+    nlohmann::json exported() {
+        run.emplace(builder.take());
+        return run->json();
+    }
+
+    static std::vector<std::string> urisOf(const nlohmann::json& gltf) {
+        std::vector<std::string> uris;
+        for (const auto& texture : gltf["textures"]) {
+            uris.push_back(gltf["images"][texture["source"].get<std::size_t>()]["uri"]);
+        }
+        return uris;
+    }
+
+    TemporaryFolder folder;
+    ModelBuilder builder;
+    std::optional<ExportRun> run;
+};
+
+TEST_F(Decals, BringTheirMaterialsAndPicturesAheadOfTheModels) {
+    ModelDocument& top = builder.assembly(u"top.tfgasm");
+    ModelDocument& part = builder.part(u"p.tfgprt");
+    part.appearances = {painted("paint", {onBody(0)})};
+    top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
+    top.components[0].decals = {decal(7, "a.png", "mask.png"), decal(8, "a.png", "gone.png")};
+    top.components[1].decals = {decal(7, "b.png"), decal(9, "b.png", "mask.png")};
+    const nlohmann::json gltf = exported();
+    EXPECT_THAT(materialNames(gltf), ElementsAre("-", "7", "8", "9", "paint"));
+    EXPECT_THAT(urisOf(gltf), ElementsAre("a.png", "mask.png", "b.png"));
+    EXPECT_EQ(gltf["materials"][3]["pbrMetallicRoughness"]["baseColorTexture"]["index"], 2);
+    EXPECT_THAT(meshTexts(gltf), ElementsAre("paint:1", "paint:1"));
+    EXPECT_EQ(readFile(run->folder / "x/mask.png"), pngPicture("mask.png"));
+}
+
+TEST_F(Decals, ComeFromADocumentWhereItsComponentHasNone) {
+    ModelDocument& top = builder.assembly(u"top.tfgasm");
+    ModelDocument& part = builder.part(u"p.tfgprt");
+    DecalRecord onPart = decal(1, "a.png");
+    onPart.appearance.hasAppliedTo = true;
+    onPart.appearance.appliedTo = {onBody(0)};
+    DecalRecord onNothing = decal(2, "b.png");
+    part.decals = {onPart, onNothing};
+    DecalRecord onRoot = decal(3, "b.png");
+    onRoot.appearance.hasAppliedTo = true;
+    onRoot.appearance.appliedTo = {onComponent(u"a")};
+    top.decals = {onRoot};
+    top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
+    top.components[1].decals = {decal(4, "a.png")};
+    const nlohmann::json gltf = exported();
+    EXPECT_THAT(materialNames(gltf), ElementsAre("-", "1", "4", "3")) << "the root component comes last";
+}
+
+TEST_F(Decals, OfAPartAloneLeaveNoTrace) {
+    ModelDocument& part = builder.part(u"p.tfgprt");
+    part.decals = {decal(1, "a.png")};
+    part.decals[0].appearance.hasAppliedTo = true;
+    part.decals[0].appearance.appliedTo = {onBody(0)};
+    EXPECT_THAT(materialNames(exported()), ElementsAre("-"));
+}
+
+TEST_F(Decals, AreNotedForTheComponentsThatTheyTouch) {
+    ModelDocument& top = builder.assembly(u"top.tfgasm");
+    ModelDocument& part = builder.part(u"p.tfgprt");
+    top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
+    top.components[1].id = 40;
+    top.components[0].decals = {decal(7, "a.png"), decal(8, "b.png")};
+    top.components[0].decals[1].appearance.hasAppliedTo = true;
+    top.components[0].decals[1].appearance.appliedTo = {onComponent(u"b"), onComponent(u"a"),
+                                                        onComponent(u"b")};
+    top.components[1].decals = {decal(7, "b.png")};
+    const HostRef<HostApplication> host = openEmbeddedHost(builder.take());
+    GltfDocument document;
+    ExportReport report;
+    CollectDecals({document, report, ""}, *host->activeDocument(), {});
+    const auto decalsOf = [&](std::int32_t component) {
+        const auto& decals = document.componentDecals.at(component);
+        return std::vector<std::int32_t>(decals.begin(), decals.end());
+    };
+    EXPECT_THAT(decalsOf(1), ElementsAre(0, 1));
+    EXPECT_THAT(decalsOf(40), ElementsAre(1, 0));
+    EXPECT_EQ(document.decals[0]->decalId, 7);
+    EXPECT_EQ(document.decals.size(), 2u);
+}
+
+} // namespace
+} // namespace orvane

@@ -1,0 +1,223 @@
+// Pictures on their way from the host to the output, seen in whole exports.
+
+#include "support/PaintedModel.h"
+#include "support/Pictures.h"
+
+#include <gmock/gmock.h>
+
+#include <cstring>
+
+namespace orvane {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
+using testing::StartsWith;
+
+const std::string kPngStart = "\x89PNG";
+
+/// A part with one face for each appearance, in order.
+struct Textures : testing::Test {
+    void paint(const std::string& texture, const std::string& bumpTexture) {
+        const auto face = static_cast<std::int32_t>(appearances.size());
+        AppearanceRecord& appearance = appearances.emplace_back(painted("", {onFace(0, face)}));
+        appearance.file.clear();
+        appearance.texture = texture.empty() ? "" : pictures / texture;
+        appearance.bumpTexture = bumpTexture.empty() ? "" : pictures / bumpTexture;
+    }
+    void picture(const std::string& name, const std::string& bytes) {
+        std::filesystem::create_directories(std::filesystem::path(pictures / name).parent_path());
+        writeFile(pictures / name, bytes);
+    }
+    void open() {
+        ModelBuilder builder;
+        std::vector<FaceRecord> faces(appearances.size(), triangleFace());
+        builder.part(u"p.tfgprt", std::move(faces)).appearances = appearances;
+        run.emplace(builder.take());
+    }
+    nlohmann::json exported() {
+        open();
+        return run->json();
+    }
+    std::string written(const std::string& name) { return readFile(run->folder / ("x/" + name)); }
+
+    /// `base/normal` texture of every material but the default one.
+    static std::vector<std::string> texturesOf(const nlohmann::json& gltf) {
+        std::vector<std::string> texts;
+        for (std::size_t i = 1; i < gltf["materials"].size(); ++i) {
+            const auto& material = gltf["materials"][i];
+            const auto index = [](const nlohmann::json& holder, const char* key) {
+                return holder.contains(key) ? std::to_string(holder[key]["index"].get<int>()) : "-";
+            };
+            texts.push_back(index(material["pbrMetallicRoughness"], "baseColorTexture") + "/" +
+                            index(material, "normalTexture"));
+        }
+        return texts;
+    }
+    static std::vector<std::string> urisOf(const nlohmann::json& gltf) {
+        std::vector<std::string> uris;
+        for (const auto& image : gltf["images"]) {
+            uris.push_back(image.value("uri", image.value("mimeType", "")));
+        }
+        return uris;
+    }
+    /// The JSON of a `.glb`, and the bytes of its pictures.
+    static std::vector<std::string> embeddedIn(const std::string& glb, nlohmann::json& gltf) {
+        std::uint32_t length = 0;
+        std::memcpy(&length, glb.data() + 12, 4);
+        gltf = nlohmann::json::parse(glb.substr(20, length));
+        std::vector<std::string> embedded;
+        for (const auto& image : gltf["images"]) {
+            if (image.contains("bufferView")) {
+                const auto& view = gltf["bufferViews"][image["bufferView"].get<std::size_t>()];
+                embedded.push_back(glb.substr(28 + length + view["byteOffset"].get<std::size_t>(),
+                                              view["byteLength"].get<std::size_t>()));
+            }
+        }
+        return embedded;
+    }
+
+    TemporaryFolder pictures;
+    std::vector<AppearanceRecord> appearances;
+    std::optional<ExportRun> run;
+};
+
+TEST_F(Textures, ShareColourPicturesButNotNormalMaps) {
+    picture("a.jpg", jpegPicture("a"));
+    picture("n.jpg", jpegPicture("n"));
+    paint("a.jpg", "n.jpg"); // textures 0 and 1
+    paint("a.jpg", "a.jpg"); // shares 0; a as normal map is texture 2
+    paint("", "a.jpg");      // and 3, since 0 stands for the path
+    paint("n.jpg", "n.jpg"); // shares 1 for both, though it was made for a normal map
+    const nlohmann::json gltf = exported();
+    EXPECT_THAT(texturesOf(gltf), ElementsAre("0/1", "0/2", "-/3", "1/1"));
+    EXPECT_THAT(urisOf(gltf), ElementsAre("a.jpg", "n_n.jpg", "n_a.jpg", "n_a.jpg"));
+    EXPECT_EQ(gltf["samplers"].size(), 4u);
+    EXPECT_EQ(written("a.jpg"), jpegPicture("a"));
+    EXPECT_EQ(written("n_a.jpg"), jpegPicture("a"));
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty());
+}
+
+TEST_F(Textures, BecomePngUnlessTheyAreJpegOrPng) {
+    picture("a.DDS", ddsPicture());
+    picture("b.bmp", smallBmp());
+    picture("c", smallBmp());
+    picture("d.e.jpg", smallBmp());
+    picture("f.JPEG", pngPicture("f"));
+    for (const char* name : {"a.DDS", "b.bmp", "c", "d.e.jpg", "f.JPEG"}) {
+        paint(name, "");
+    }
+    const nlohmann::json gltf = exported();
+    EXPECT_THAT(urisOf(gltf), ElementsAre("a.png", "b.png", "c.png", "d.e.png", "f.JPEG"));
+    EXPECT_EQ(gltf["textures"][0]["name"], "a.png");
+    for (const char* name : {"a.png", "b.png", "c.png", "d.e.png"}) {
+        EXPECT_THAT(written(name), StartsWith(kPngStart)) << name;
+    }
+    EXPECT_EQ(written("f.JPEG"), pngPicture("f"));
+    EXPECT_THAT(run->folder.names("x"), testing::SizeIs(5 + 2)) << "nothing is left over";
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty());
+}
+
+TEST_F(Textures, AreNotMadeForPicturesThatAreNotThere) {
+    picture("a.png", pngPicture("a"));
+    paint("gone.png", "a.png");
+    paint("", "gone.dds");
+    const nlohmann::json gltf = exported();
+    EXPECT_THAT(texturesOf(gltf), ElementsAre("-/0", "-/-"));
+    EXPECT_EQ(gltf["materials"][1]["pbrMetallicRoughness"]["baseColorFactor"].dump(), "[1,1,1,1]");
+    EXPECT_THAT(run->exporter.report().warnings,
+                ElementsAre("the picture " + (pictures / "gone.png") + " is not there",
+                            "the picture " + (pictures / "gone.dds") + " is not there"));
+}
+
+TEST_F(Textures, ShowTheFirstOfTwoPicturesOfOneName) {
+    picture("1/a.png", pngPicture("first"));
+    picture("2/a.png", pngPicture("second"));
+    paint("1/a.png", "");
+    paint("2/a.png", "");
+    EXPECT_THAT(urisOf(exported()), ElementsAre("a.png", "a.png"));
+    EXPECT_EQ(written("a.png"), pngPicture("first"));
+    EXPECT_THAT(run->exporter.report().warnings, ElementsAre(HasSubstr("2/a.png was not copied")));
+    nlohmann::json gltf;
+    EXPECT_THAT(embeddedIn(run->run("y.glb"), gltf), ElementsAre(pngPicture("first"), pngPicture("second")));
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty()) << "inside they do not meet";
+}
+
+TEST_F(Textures, AreEmbeddedInABinaryFile) {
+    picture("a.jpg", jpegPicture("a"));
+    picture("n.dds", ddsPicture());
+    paint("a.jpg", "n.dds");
+    paint("n.dds", "");
+    open();
+    nlohmann::json gltf;
+    const std::vector<std::string> embedded = embeddedIn(run->run("y.glb"), gltf);
+    EXPECT_THAT(urisOf(gltf), ElementsAre("image/jpeg", "image/png"));
+    EXPECT_THAT(embedded, ElementsAre(jpegPicture("a"), StartsWith(kPngStart)));
+    EXPECT_THAT(texturesOf(gltf), ElementsAre("0/1", "1/-"));
+    EXPECT_FALSE(gltf["textures"][0].contains("name"));
+    EXPECT_THAT(run->folder.names(), ElementsAre("y.glb"));
+}
+
+TEST_F(Textures, NeverStopAnExportWhateverTheyHold) {
+    const std::vector<std::pair<std::string, std::string>> damaged = {
+        {"huge.bmp", bmpPicture(60'000, 60'000, 48)},
+        {"huge.dds", ddsPicture(60'000, 60'000)},
+        {"huge.tga", std::string("\0\0\2\0\0\0\0\0\0\0\0\0", 12) + "\xFF\xFF\xFF\xFF\x20\x08" + "rest"},
+        {"garbage.gif", "GIF89a" + std::string(200, '\xFE')},
+        {"cut.png", pngPicture("x").substr(0, 12)},
+        {"cut.jpg", jpegPicture("x").substr(0, 3)},
+        {"empty.tif", ""},
+        {"text.txt", "no picture"},
+        {"text.jpg", "no picture either"},
+        {"folder.png/x", "a folder"},
+    };
+    for (const auto& [name, bytes] : damaged) {
+        picture(name, bytes);
+        paint(name == "folder.png/x" ? "folder.png" : name, "");
+    }
+    picture("good.bmp", smallBmp());
+    paint("good.bmp", "");
+    const nlohmann::json gltf = exported();
+    EXPECT_EQ(gltf["textures"].size(), damaged.size() + 1);
+    EXPECT_EQ(run->exporter.report().warnings.size(), damaged.size())
+        << testing::PrintToString(run->exporter.report().warnings);
+    for (const auto& [name, bytes] : damaged) {
+        if (name != "folder.png/x") {
+            EXPECT_EQ(written(name), bytes) << "passed on as it is";
+            EXPECT_THAT(run->exporter.report().warnings, Contains(HasSubstr(name)));
+        }
+    }
+    EXPECT_THAT(run->exporter.report().warnings,
+                Contains("the picture " + (pictures / "folder.png") + " cannot be copied: is no file"));
+    EXPECT_THAT(written("good.png"), StartsWith(kPngStart));
+    EXPECT_EQ(run->run("y.glb").substr(0, 4), "glTF");
+    EXPECT_EQ(run->exporter.report().warnings.size(), damaged.size());
+}
+
+TEST_F(Textures, LeaveNothingWhenTheExportFails) {
+    picture("a.bmp", smallBmp());
+    picture("b.jpg", jpegPicture("b"));
+    paint("a.bmp", "b.jpg");
+    open();
+    std::filesystem::create_directories(run->folder / "x/x.gltf/in the way");
+    EXPECT_EQ(run->run("x.gltf"), "");
+    EXPECT_THAT(run->folder.names("x"), ElementsAre("x.gltf"));
+}
+
+TEST_F(Textures, AreTheSameInASecondExport) {
+    picture("a.bmp", smallBmp());
+    picture("b.jpg", jpegPicture("b"));
+    paint("a.bmp", "b.jpg");
+    const nlohmann::json first = exported();
+    const nlohmann::json second = run->json();
+    EXPECT_EQ(urisOf(first), urisOf(second));
+    EXPECT_EQ(first["materials"], second["materials"]);
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty()) << "the same picture is there already";
+}
+
+} // namespace
+} // namespace orvane
