@@ -18,8 +18,9 @@ constexpr Quaternion conjugate(const Quaternion& q) {
 /// The rotation that applies `b` first and `a` after it.
 Quaternion multiply(const Quaternion& a, const Quaternion& b);
 
-/// The unit quaternion of a rotation matrix. Its largest component is positive, and is the one that
-/// everything is divided by. A matrix that is no rotation gives some quaternion of another length.
+/// The unit quaternion of a rotation matrix. Of the two that there are: w is positive where the trace is not
+/// negative, and the component of the largest diagonal entry otherwise. A matrix that is no rotation gives
+/// some quaternion of another length.
 Quaternion quaternionOf(const DoubleMatrix3& rotation);
 
 } // namespace orvane
