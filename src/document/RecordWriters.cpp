@@ -1,17 +1,13 @@
 #include "document/RecordWriters.h"
 
 #include "document/ExtensionWriters.h"
+#include "document/NearEquality.h"
 
-#include <cmath>
 #include <string_view>
 
 namespace orvane {
 
 namespace {
-
-bool isNear(double a, double b) {
-    return std::abs(a - b) <= 0.0001;
-}
 
 bool isIdentity(const NodeMatrix& matrix) {
     for (std::size_t i = 0; i < matrix.size(); ++i) {
