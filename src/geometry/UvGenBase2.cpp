@@ -16,7 +16,7 @@ void UvGenBase2::applyPlane(const UvPlane& plane, FloatVector position, FloatVec
 }
 
 float UvGenBase2::shareOfTurn(float y, float x) {
-    const double angle = x == 0 && y == 0 ? 0 : std::atan2(static_cast<double>(y), static_cast<double>(x));
+    const double angle = std::atan2(static_cast<double>(y), static_cast<double>(x));
     return static_cast<float>(angle / (2 * static_cast<double>(kPi)) + 0.5);
 }
 

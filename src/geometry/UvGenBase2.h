@@ -24,7 +24,7 @@ protected:
     void applyPlane(const UvPlane& plane, FloatVector position, FloatVector& out) const;
 
     /// The angle of the point (x, y) around the origin as a share of the full turn, from 0 to 1, with 0.5
-    /// along positive x. The origin itself has 0.5, whatever the signs of its zeros.
+    /// along positive x. The origin itself has what the signs of its zeros give: 0, 0.5 or 1.
     static float shareOfTurn(float y, float x);
 
     /// Turns the pair of `out.x` and `out.y`.

@@ -22,7 +22,8 @@ UvGenCylinder2::UvGenCylinder2(const GltfMaterial& material, const ModelBounds& 
 void UvGenCylinder2::generate(FloatVector position, FloatVector, FloatVector& out) const {
     const FloatVector d = position - centre_;
     const float x = -dot(d, axisU_), y = dot(d, axisV_), z = dot(d, axisW_);
-    out = multiplyComponents({shareOfTurn(z, x), y, 0}, scale2_) + offset2_;
+    const float u = x == 0 && z == 0 ? 0.5f : shareOfTurn(z, x); // on the axis no direction counts
+    out = multiplyComponents({u, y, 0}, scale2_) + offset2_;
     if (rotated_) {
         rotate(out, cosA_, sinA_);
     }

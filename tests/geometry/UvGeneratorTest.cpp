@@ -130,13 +130,14 @@ TEST_F(UvGeneratorTest, WrapsTheCylinderAroundTheVAxis) {
     expectUv(kCylinder, {10, 2, 2}, -(0.75f * 3 + 0.5f), 1 + 0.5f + 0.75f);
 }
 
-TEST_F(UvGeneratorTest, GivesPointsOnTheAxisTheMiddleOfTheTurn) {
+TEST_F(UvGeneratorTest, GivesPointsOnTheAxisAnAngle) {
     for (const float zero : {0.0f, -0.0f}) {
         expectUv(kCylinder, {zero, 2, -zero}, 1.5f, 0.5f);
         expectUv(kCylinder, {zero, -2, zero}, 1.5f, 1.5f);
-        expectUv(kSphere, {zero, 2, -zero}, 1.5f, 1.5f);
-        expectUv(kSphere, {zero, -2, zero}, 1.5f, 0);
     }
+    // At the poles of a sphere the angle is the one of (0, -0), half a turn.
+    expectUv(kSphere, {0, 2, 0}, 3, 1.5f);
+    expectUv(kSphere, {0, -2, 0}, 3, 0);
 }
 
 TEST_F(UvGeneratorTest, RotatesTheCylinderAfterItsScale) {
