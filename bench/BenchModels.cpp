@@ -92,4 +92,34 @@ Model configuredAssembly(std::size_t components, std::size_t configurations) {
     return model;
 }
 
+Model paintedPart(std::size_t appearances, std::size_t faces, bool onBodies) {
+    constexpr std::size_t kFacesInABody = 20;
+    Model model;
+    ModelDocument& part = addPart(model, 1);
+    const FaceRecord face = part.bodies[0].faces[0];
+    part.bodies.clear();
+    part.appearances.resize(appearances);
+    for (std::size_t i = 0; i < appearances; ++i) {
+        part.appearances[i].hasAppliedTo = true;
+        part.appearances[i].primaryColor = static_cast<std::uint32_t>(i * 7919 % 0x1000000);
+    }
+    for (std::size_t i = 0; i < faces; ++i) {
+        const std::size_t body = i / kFacesInABody;
+        if (i % kFacesInABody == 0) {
+            part.bodies.emplace_back().name = numbered(u"Body", body);
+        }
+        EntityRecord entity;
+        entity.kind = onBodies ? EntityKind::body : EntityKind::face;
+        entity.body = static_cast<std::int32_t>(body);
+        entity.face = static_cast<std::int32_t>(i % kFacesInABody);
+        part.bodies.back().faces.push_back(face);
+        if (!onBodies) {
+            part.appearances[i % appearances].appliedTo.push_back(entity);
+        } else if (i % kFacesInABody == 0) {
+            part.appearances[body % appearances].appliedTo.push_back(entity);
+        }
+    }
+    return model;
+}
+
 } // namespace orvane

@@ -20,4 +20,8 @@ Model nestedAssembly(std::size_t components);
 /// An assembly of `components` components in `configurations` configurations of one display state.
 Model configuredAssembly(std::size_t components, std::size_t configurations);
 
+/// A part of `faces` faces of one triangle in bodies of 20, and `appearances` appearances that share either
+/// the bodies or the single faces among themselves.
+Model paintedPart(std::size_t appearances, std::size_t faces, bool onBodies);
+
 } // namespace orvane

@@ -122,6 +122,25 @@ void scenes(benchmark::State& state) {
     runExport(state, [&] { return configuredAssembly(100, static_cast<std::size_t>(state.range(0))); });
 }
 
+/// Appearances, then faces.
+void paintedFaces(benchmark::State& state) {
+    runExport(state, [&] {
+        return paintedPart(static_cast<std::size_t>(state.range(0)), static_cast<std::size_t>(state.range(1)),
+                           false);
+    });
+}
+
+void paintedBodies(benchmark::State& state) {
+    runExport(state, [&] {
+        return paintedPart(static_cast<std::size_t>(state.range(0)), static_cast<std::size_t>(state.range(1)),
+                           true);
+    });
+}
+
+void colours(benchmark::internal::Benchmark* bench) {
+    bench->Args({5'000, 100'000})->Args({5'000, 200'000})->Args({10'000, 200'000})->Args({10'000, 400'000});
+}
+
 void asRounds(benchmark::internal::Benchmark* bench) {
     bench->Iterations(7)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
@@ -131,6 +150,8 @@ BENCHMARK(manyNodes)->Arg(20'000)->Apply(asRounds);
 BENCHMARK(smallNodes)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
 BENCHMARK(equalNames)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
 BENCHMARK(nestedNodes)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
+BENCHMARK(paintedFaces)->Apply(colours)->Apply(asRounds);
+BENCHMARK(paintedBodies)->Apply(colours)->Apply(asRounds);
 BENCHMARK(scenes)->Arg(500)->Arg(1'000)->Arg(2'000)->Apply(asRounds);
 
 } // namespace

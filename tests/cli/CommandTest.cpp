@@ -1,5 +1,6 @@
 // Runs the built command as a person would.
 
+#include "support/Pictures.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -99,6 +100,43 @@ TEST_F(Command, SaysWhichOptionsChangeNothingYet) {
     const Outcome outcome = run("export plate.tfgprt --lights");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "orvane: warning: --lights has no effect in this version\n");
+}
+
+TEST_F(Command, WarnsOfPicturesAndGoesOn) {
+    writeFile(folder / "painted.tfgprt",
+              R"({"bodies": [{"faces": [{"positions": [0, 0, 0, 1, 0, 0, 0, 1, 0]}]}],
+        "appearances": [{"file": "old oak.tfm", "bumpTexture": "huge.bmp", "appliedTo": ["document"]}]})");
+    writeFile(folder / "huge.bmp", bmpPicture(60'000, 60'000, 9));
+    const Outcome outcome = run("export painted.tfgprt --host-folder library");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "painted.glb\n");
+    const std::string here = std::filesystem::canonical(folder.path()).string();
+    EXPECT_EQ(outcome.errors,
+              "orvane: warning: the host folder library is not there\n"
+              "orvane: warning: the appearance file " +
+                  here +
+                  "/old oak.tfm cannot be read\n"
+                  "orvane: warning: the picture " +
+                  here +
+                  "/library/data/Images/textures/organic/wood/oak/polished oak.jpg is not there\n"
+                  "orvane: warning: the picture " +
+                  here + "/huge.bmp cannot be read as a picture; it is passed on as it is\n");
+    EXPECT_EQ(run("export painted.tfgprt --force --quiet").errors, "");
+}
+
+TEST_F(Command, TakesPicturesFromTheHostFolder) {
+    writeFile(folder / "painted.tfgprt",
+              R"({"bodies": [{"faces": [{"positions": [0, 0, 0, 1, 0, 0, 0, 1, 0]}]}],
+        "appearances": [{"file": "oak.tfm", "appliedTo": ["document"]}]})");
+    writeFile(folder / "oak.tfm", "");
+    const std::string wood = "data/Images/textures/organic/wood/oak";
+    std::filesystem::create_directories(folder.path() / "mine" / wood);
+    writeFile(folder / ("mine/" + wood + "/polished oak.jpg"), jpegPicture("mine"));
+    const Outcome outcome = run("export painted.tfgprt -o own.gltf --host-folder mine/");
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(readFile(folder / "own/polished oak.jpg"), jpegPicture("mine"));
+    EXPECT_EQ(run("export painted.tfgprt -o sample.gltf").errors, "");
+    EXPECT_THAT(folder.names("sample"), testing::Contains("polished oak.jpg")) << "from the sample library";
 }
 
 TEST_F(Command, RefusesModelsThatItCannotRead) {
