@@ -24,7 +24,7 @@ PICTURES = {
     WOOD + "birch/polished birch.jpg": lambda: p.wood("birch", "#ecd5ac", "#cfa977", 5, 0.9, 0.4),
     WOOD + "cherry/polished cherry.jpg": lambda: p.wood("cherry", "#b9703f", "#85431f", 7, 0.9, 0.4, pores=0.15),
     WOOD + "maple/polished maple.jpg": lambda: p.wood("maple", "#e9cda0", "#cda26c", 6, 0.7, 0.3, flecks=0.3),
-    WOOD + "oak/polished oak.jpg": lambda: p.wood("oak", "#c99a62", "#8d5f30", 7, 1.1, 0.45, pores=0.5),
+    WOOD + "oak/polished oak.jpg": lambda: p.wood("oak", "#c99a62", "#8d5f30", 7, 1.1, 0.45, pores=0.3),
     WOOD + "pine/polished pine.jpg": lambda: p.wood("pine", "#ecc789", "#c08340", 7, 0.9, 0.25),
     WOOD + "rosewood/polished rosewood.jpg": lambda: p.wood("rosewood", "#7a3a22", "#2b120c", 9, 1.3, 0.6, pores=0.45),
     WOOD + "satinwood/satinwood.jpg": lambda: p.wood("satinwood", "#e0b765", "#bb883a", 8, 0.9, 0.8),

@@ -4,7 +4,7 @@
 //   --size 800x600     of the picture, in pixels
 //   --from 30,20       where the camera stands: degrees around the upward axis, 0 in front (+z, or -y where z is up), and above the floor
 //   --zoom 1           above 1: nearer
-//   --aim 0,0,0        moves what the camera looks at, in parts of the model's size: right, up, to the front
+//   --aim=0,0,0        moves what the camera looks at, in parts of the model's size: right, up, to the front
 //   --scene 0          which scene of the file
 // The files that the page needs come from this computer alone.
 
@@ -64,21 +64,21 @@ const oversampling = 2;
 function lightUp(scene, renderer, box) {
     const maker = new THREE.PMREMGenerator(renderer);
     scene.environment = maker.fromScene(new RoomEnvironment(), 0.02).texture;
-    scene.environmentIntensity = 0.75;
+    scene.environmentIntensity = 0.6;
     const size = box.getSize(new THREE.Vector3()).length();
     const center = box.getCenter(new THREE.Vector3());
-    const sun = new THREE.DirectionalLight(0xfff4e6, 1.9);
+    const sun = new THREE.DirectionalLight(0xfff4e6, 1.7);
     sun.position.copy(center).addScaledVector(new THREE.Vector3(-0.45, 1, 0.6).normalize(), size * 1.5);
     sun.target.position.copy(center);
     sun.castShadow = true;
-    sun.shadow.mapSize.set(4096, 4096);
-    sun.shadow.radius = 7;
+    sun.shadow.mapSize.set(2048, 2048);
+    sun.shadow.radius = 10;
     sun.shadow.blurSamples = 24;
     sun.shadow.normalBias = size * 0.0006;
     Object.assign(sun.shadow.camera, { left: -size / 1.6, right: size / 1.6, top: size / 1.6, bottom: -size / 1.6, near: size * 0.1, far: size * 3 });
     scene.add(sun, sun.target);
 
-    const floor = new THREE.Mesh(new THREE.PlaneGeometry(size * 20, size * 20), new THREE.ShadowMaterial({ opacity: 0.22 }));
+    const floor = new THREE.Mesh(new THREE.PlaneGeometry(size * 20, size * 20), new THREE.ShadowMaterial({ opacity: 0.3 }));
     floor.rotation.x = -Math.PI / 2;
     floor.position.y = box.min.y - size * 0.0005;
     floor.receiveShadow = true;
