@@ -24,7 +24,7 @@ def sphere_noise(name, directions, cycles, waves=260):
     return total / total.std()
 
 
-def globe(width=768):
+def globe(width=1024):
     """A world that nobody has sailed yet, unrolled: west to the left, north at the top."""
     height = width // 2
     down, across = np.mgrid[0:height, 0:width]
@@ -112,10 +112,11 @@ def main():
     folder = HERE / "pictures"
     folder.mkdir(exist_ok=True)
     Image.fromarray(p.to_bytes(globe())).save(folder / "globe.jpg", quality=82, optimize=True)
-    smooth(glaze, 256, 192).quantize(32).save(folder / "glaze.png", optimize=True)
-    cloth = 1 + 0.06 * p.noise("cloth", 512, 200, 0)[:354, :256]
-    cloth_cover = np.asarray(smooth(cover, 256, 354)) / 255 * cloth[..., None]
-    Image.fromarray(p.to_bytes(cloth_cover)).save(folder / "cover.jpg", quality=84, optimize=True)
+    smooth(glaze, 256, 256).quantize(32).save(folder / "glaze.png", optimize=True)
+    # A square that the cover stretches to its own shape.
+    cloth = 1 + 0.06 * p.noise("cloth", 512, 200, 0)
+    cloth_cover = np.asarray(smooth(cover, 512, 708).resize((512, 512), Image.Resampling.LANCZOS)) / 255 * cloth[..., None]
+    Image.fromarray(p.to_bytes(cloth_cover)).save(folder / "cover.jpg", quality=76, optimize=True)
     plate = smooth(lambda w, h: name_plate(w, h, False), 128, 64)
     plate.quantize(16).save(folder / "name plate.png", optimize=True)
     smooth(lambda w, h: name_plate(w, h, True), 128, 64).save(folder / "name plate mask.png", optimize=True)
