@@ -11,3 +11,6 @@ install(EXPORT OrvaneTargets NAMESPACE Orvane:: DESTINATION ${CMAKE_INSTALL_LIBD
 install(FILES cmake/OrvaneConfig.cmake cmake/FindFreeImage.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)
 write_basic_package_version_file(OrvaneConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/OrvaneConfigVersion.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)
+
+# The sample library of appearances, in which the command looks for the pictures that a model does not name.
+install(DIRECTORY examples/library/data DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane/library)

@@ -10,3 +10,6 @@ foreach(step IN ITEMS
 endforeach()
 execute_process(COMMAND ${WORK_DIR}/build/package_user COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${WORK_DIR}/installed/bin/orvane --version COMMAND_ERROR_IS_FATAL ANY)
+if(NOT EXISTS "${WORK_DIR}/installed/share/orvane/library/data/graphics/Materials")
+    message(FATAL_ERROR "The sample library is not installed")
+endif()

@@ -31,6 +31,21 @@ const deviations = [
         reason: 'every primitive has texture coordinates, also where its material has no texture',
     },
     {
+        code: 'UNUSED_OBJECT',
+        pointer: /^\/materials\/\d+$/,
+        reason: 'the default material is always there, and a decal is a material that no triangle shows',
+    },
+    {
+        code: 'UNUSED_OBJECT',
+        pointer: /^\/textures\/\d+$/,
+        reason: "a decal's mask is a texture that no material refers to",
+    },
+    {
+        code: 'MESH_PRIMITIVE_GENERATED_TANGENT_SPACE',
+        pointer: /^\/meshes\/\d+\/primitives\/\d+\/material$/,
+        reason: 'tangents are never written; viewers make their own for normal maps',
+    },
+    {
         code: 'NODE_EMPTY',
         pointer: /^\/nodes\/\d+$/,
         reason: 'a component that is hidden, suppressed or without geometry stays as a node',
