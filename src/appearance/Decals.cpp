@@ -13,7 +13,7 @@ std::vector<HostRef<HostDecal>> decalsOf(const HostComponent& component) {
     if (component.decalCount() > 0) {
         return component.decals();
     }
-    const HostRef<HostModelDoc> document = component.getModelDoc();
+    const HostRef<HostModelDoc> document = shownDocument(component);
     const HostRef<HostDocExtension> extension =
         document ? document->extension() : HostRef<HostDocExtension>();
     return extension && extension->decalCount() > 0 ? extension->decals() : std::vector<HostRef<HostDecal>>();

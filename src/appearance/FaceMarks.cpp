@@ -23,4 +23,11 @@ std::int32_t faceMark(HostFace& face, bool create) {
     return mark;
 }
 
+void reportLostMark(std::int32_t mark, ExportReport& report) {
+    if (mark < 0) {
+        report.warn("more than 32,768 faces take the appearance of their own, of a body or of a feature; "
+                    "the others lose it");
+    }
+}
+
 } // namespace orvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/ExportReport.h"
 #include "host/HostFace.h"
 
 #include <cstdint>
@@ -14,5 +15,8 @@ inline constexpr std::int32_t kNoFaceMark = -1;
 /// through the process and last as long as the face's document is open. From the 32,769th on they are
 /// negative, which everyone who reads them takes for no mark.
 std::int32_t faceMark(HostFace& face, bool create);
+
+/// Tells a person that a face lost its appearance for want of a mark, if `mark` is one that is none.
+void reportLostMark(std::int32_t mark, ExportReport& report);
 
 } // namespace orvane

@@ -17,7 +17,9 @@ void registerEntity(HostModelDoc& document, const HostRef<HostObject>& entity, G
     } else if (const auto feature = inRole<HostFeature>(entity)) {
         table.Register(AppearanceKind::feature, featureKey(&document, feature.get()), material);
     } else if (const auto face = inRole<HostFace>(entity)) {
-        table.Register(AppearanceKind::face, faceMark(*face, true), material);
+        const std::int32_t mark = faceMark(*face, true);
+        table.Register(AppearanceKind::face, mark, material);
+        reportLostMark(mark, table.source().report);
     } else if (const auto component = inRole<HostComponent>(entity)) {
         table.Register(AppearanceKind::component, component->componentName(), material);
     }

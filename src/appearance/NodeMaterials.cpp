@@ -58,7 +58,9 @@ void NodeMaterials::buildFaceMap(HostBodyEnumerator& bodies) {
             if (theMaterial && hasMark) {
                 faceMap_[mark] = theMaterial;
             } else if (theMaterial) {
-                faceMap_.emplace(faceMark(*face, true), theMaterial);
+                const std::int32_t newMark = faceMark(*face, true);
+                faceMap_.emplace(newMark, theMaterial);
+                reportLostMark(newMark, table_.source().report);
             }
         }
     }

@@ -43,11 +43,7 @@ GltfMaterial* componentMaterial(const ExportContext& context, const HostRef<Host
 }
 
 HostRef<HostModelDoc> documentOf(const HostRef<HostComponent>& component, const HostRef<HostPart>& part) {
-    if (!component) {
-        return part->getModelDoc();
-    }
-    HostRef<HostModelDoc> document = component->queryModelDoc();
-    return document ? document : component->getModelDoc();
+    return component ? shownDocument(*component) : part->getModelDoc();
 }
 
 /// The box of the document in front, asked for once in a scene.

@@ -49,4 +49,10 @@ public:
     virtual bool showConfiguration(const std::u16string& name) = 0;
 };
 
+/// The document that a component shows, by either way of asking; empty when it shows none.
+inline HostRef<HostModelDoc> shownDocument(const HostComponent& component) {
+    HostRef<HostModelDoc> document = component.queryModelDoc();
+    return document ? document : component.getModelDoc();
+}
+
 } // namespace orvane

@@ -138,6 +138,18 @@ TEST_F(FaceMaterials, AreSharedByTheInstancesOfAPart) {
     EXPECT_THAT(meshTexts(exported()), ElementsAre("body:1 face:2", "body:1 face:2"));
 }
 
+TEST_F(FaceMaterials, LoseTheirAppearanceBeyondTheLimitOfMarks) {
+    // All marks once, so that tests behind this one find marks again.
+    ModelDocument& part = builder.part(u"p.tfgprt", std::vector<FaceRecord>(0x10000, triangleFace()));
+    part.appearances = {painted("paint", {onBody(0)})};
+    const nlohmann::json gltf = exported();
+    EXPECT_THAT(gltf["meshes"][0]["primitives"], testing::SizeIs(4))
+        << "two of each, 21,666 triangles at most";
+    EXPECT_THAT(meshTexts(gltf), ElementsAre("-:21666 -:11102 paint:21666 paint:11102"));
+    EXPECT_THAT(run->exporter.report().warnings,
+                testing::Contains(testing::StartsWith("more than 32,768 faces")).Times(1));
+}
+
 /// A face that is nothing but its user value.
 class MarkedFace : public HostFace {
 public:
