@@ -38,10 +38,21 @@ private:
 
 class EmbeddedFeature final : public HostFeature {
 public:
-    EmbeddedFeature(SessionRef session, const ModelDocument& document, const FeatureRecord& record)
-        : session_(std::move(session)), document_(document), record_(record) {}
+    EmbeddedFeature(SessionRef session, const ModelDocument& document, std::int32_t position)
+        : session_(std::move(session)), document_(document), position_(position),
+          record_(document.features[static_cast<std::size_t>(position)]) {}
 
     std::u16string featureName() const override { return record_.name; }
+    std::u16string featureTypeName() const override { return record_.type; }
+    HostRef<HostFeature> nextFeature() const override { return nextBelow(-1); }
+    HostRef<HostFeature> firstSubFeature() const override {
+        const auto next = static_cast<std::size_t>(position_) + 1;
+        const bool hasOne = next < document_.features.size() && document_.features[next].parent == position_;
+        return makeFeature(session_, document_, hasOne ? position_ + 1 : -1);
+    }
+    HostRef<HostFeature> nextSubFeature() const override {
+        return record_.parent < 0 ? HostRef<HostFeature>() : nextBelow(record_.parent);
+    }
     HostRef<HostFeatureDefinition> featureDefinition() const override {
         return record_.definition
                    ? makeHostObject<EmbeddedFeatureDefinition>(session_, document_, *record_.definition)
@@ -51,8 +62,24 @@ public:
     const void* identity() const noexcept override { return &record_; }
 
 private:
+    /// The next feature that stands directly below `parent`, and behind this one.
+    HostRef<HostFeature> nextBelow(std::int32_t parent) const {
+        if (record_.parent != parent) {
+            return {};
+        }
+        for (auto i = static_cast<std::size_t>(position_) + 1; i < document_.features.size(); ++i) {
+            if (document_.features[i].parent <= parent) {
+                return makeFeature(session_, document_,
+                                   document_.features[i].parent == parent ? static_cast<std::int32_t>(i)
+                                                                          : -1);
+            }
+        }
+        return {};
+    }
+
     SessionRef session_;
     const ModelDocument& document_;
+    std::int32_t position_;
     const FeatureRecord& record_;
 };
 
@@ -61,8 +88,7 @@ private:
 HostRef<HostFeature> makeFeature(const SessionRef& session, const ModelDocument& document,
                                  std::int32_t position) {
     return position < 0 ? HostRef<EmbeddedFeature>()
-                        : makeHostObject<EmbeddedFeature>(
-                              session, document, document.features[static_cast<std::size_t>(position)]);
+                        : makeHostObject<EmbeddedFeature>(session, document, position);
 }
 
 } // namespace orvane

@@ -112,6 +112,10 @@ public:
         return listed;
     }
 
+    HostRef<HostFeature> firstFeature() override {
+        return makeFeature(session_, document_, document_.features.empty() ? -1 : 0);
+    }
+
     // A model document has one view on the screen, and nothing moves it yet.
     HostRef<HostView> activeView() override { return makeHostObject<EmbeddedView>(); }
     void setActiveView(const HostRef<HostView>&) override {}

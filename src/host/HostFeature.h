@@ -23,6 +23,13 @@ public:
 class HostFeature : public HostObject {
 public:
     virtual std::u16string featureName() const = 0;
+    virtual std::u16string featureTypeName() const = 0;
+    /// The feature behind this one in the document's tree; empty behind the last.
+    virtual HostRef<HostFeature> nextFeature() const = 0;
+    /// The first feature below this one; empty when there is none.
+    virtual HostRef<HostFeature> firstSubFeature() const = 0;
+    /// The feature behind this one below the same feature; empty behind the last.
+    virtual HostRef<HostFeature> nextSubFeature() const = 0;
     /// Empty for a feature without one.
     virtual HostRef<HostFeatureDefinition> featureDefinition() const = 0;
 };

@@ -4,6 +4,7 @@
 #include "host/HostAssembly.h"
 #include "host/HostConfiguration.h"
 #include "host/HostDocExtension.h"
+#include "host/HostFeature.h"
 #include "host/HostPart.h"
 #include "host/HostRef.h"
 #include "host/HostView.h"
@@ -36,6 +37,9 @@ public:
 
     /// The appearances that the document lists in its active configuration; an entry may be empty.
     virtual std::vector<HostRef<HostAppearance>> appearances() = 0;
+
+    /// The first feature of the document's tree; empty when there is none.
+    virtual HostRef<HostFeature> firstFeature() = 0;
 
     virtual HostRef<HostView> activeView() = 0;
     virtual void setActiveView(const HostRef<HostView>& view) = 0;
