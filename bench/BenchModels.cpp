@@ -113,6 +113,9 @@ Model paintedPart(std::size_t appearances, std::size_t faces, bool onBodies) {
         entity.body = static_cast<std::int32_t>(body);
         entity.face = static_cast<std::int32_t>(i % kFacesInABody);
         part.bodies.back().faces.push_back(face);
+        if (appearances == 0) {
+            continue;
+        }
         if (!onBodies) {
             part.appearances[i % appearances].appliedTo.push_back(entity);
         } else if (i % kFacesInABody == 0) {

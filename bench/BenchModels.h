@@ -21,7 +21,7 @@ Model nestedAssembly(std::size_t components);
 Model configuredAssembly(std::size_t components, std::size_t configurations);
 
 /// A part of `faces` faces of one triangle in bodies of 20, and `appearances` appearances that share either
-/// the bodies or the single faces among themselves.
+/// the bodies or the single faces among themselves. There may be none.
 Model paintedPart(std::size_t appearances, std::size_t faces, bool onBodies);
 
 } // namespace orvane

@@ -138,7 +138,11 @@ void paintedBodies(benchmark::State& state) {
 }
 
 void colours(benchmark::internal::Benchmark* bench) {
-    bench->Args({5'000, 100'000})->Args({5'000, 200'000})->Args({10'000, 200'000})->Args({10'000, 400'000});
+    bench->Args({0, 200'000})
+        ->Args({5'000, 100'000})
+        ->Args({5'000, 200'000})
+        ->Args({10'000, 200'000})
+        ->Args({10'000, 400'000});
 }
 
 void asRounds(benchmark::internal::Benchmark* bench) {
