@@ -6,9 +6,39 @@
 
 namespace orvane {
 
+namespace {
+
+std::string asPng(const std::string& name) {
+    return name.substr(0, name.rfind('.')) + ".png";
+}
+
+/// A short name that is free in the folder, with the extension of `name` as far as it is one.
+std::string shortName(const std::string& name, const std::string& folder) {
+    constexpr std::size_t kLongestExtension = 16;
+    const std::size_t dot = name.rfind('.');
+    const bool hasExtension = dot != std::string::npos && name.size() - dot <= kLongestExtension;
+    const std::string extension = hasExtension ? name.substr(dot) : std::string();
+    for (int number = 1;; ++number) {
+        std::string candidate = "picture-" + std::to_string(number) + extension;
+        if (!pathExists(joinPath(folder, candidate)) && !pathExists(joinPath(folder, asPng(candidate)))) {
+            return candidate;
+        }
+    }
+}
+
+} // namespace
+
+std::optional<std::string> pictureNameFault(const std::string& name) {
+    std::optional<std::string> fault = fileNameFault(name);
+    return fault ? fault : fileNameFault(asPng(name));
+}
+
 std::string CopyOrConvertImage(const std::string& sourcePath, const std::string& destinationFolder,
                                std::string& name, bool, ExportReport& report) {
-    const std::string png = name.substr(0, name.rfind('.')) + ".png";
+    if (pictureNameFault(name)) {
+        name = shortName(name, destinationFolder);
+    }
+    const std::string png = asPng(name);
     std::string target = joinPath(destinationFolder, png);
     const PictureConversion conversion = convertPicture(sourcePath, target);
     if (conversion == PictureConversion::converted) {

@@ -2,6 +2,7 @@
 
 #include "cli/CreatedFolders.h"
 #include "cli/HostFolder.h"
+#include "cli/OneLine.h"
 #include "cli/ProgressDisplay.h"
 #include "embedded/EmbeddedHost.h"
 #include "embedded/HostPath.h"
@@ -68,12 +69,12 @@ void warnOfIdleOptions(const ExportArguments& arguments) {
 
 void warn(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
-        std::cerr << "orvane: warning: " << warning << "\n";
+        std::cerr << "orvane: warning: " << onOneLine(warning) << "\n";
     }
 }
 
 bool refuse(const std::string& reason) {
-    std::cerr << "orvane: " << reason << "\n";
+    std::cerr << "orvane: " << onOneLine(reason) << "\n";
     return false;
 }
 

@@ -1,4 +1,5 @@
 #include "cli/ExportCommand.h"
+#include "cli/OneLine.h"
 #include "embedded/ModelError.h"
 
 #include <CLI/CLI.hpp>
@@ -55,7 +56,7 @@ int answerParseError(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
         return app.exit(error);
     }
-    std::cerr << "orvane: " << error.what() << " (see orvane --help)\n";
+    std::cerr << "orvane: " << orvane::onOneLine(error.what()) << " (see orvane --help)\n";
     return kWrongUsage;
 }
 
@@ -84,11 +85,11 @@ int main(int argc, char** argv) {
     try {
         return orvane::runExport(exportArguments);
     } catch (const orvane::ModelError& error) {
-        std::cerr << "orvane: " << error.what() << "\n";
+        std::cerr << "orvane: " << orvane::onOneLine(error.what()) << "\n";
     } catch (const std::bad_alloc&) {
         std::cerr << "orvane: there is not enough memory for this model\n";
     } catch (const std::exception& error) {
-        std::cerr << "orvane: " << error.what() << "\n";
+        std::cerr << "orvane: " << orvane::onOneLine(error.what()) << "\n";
     }
     return kFailed;
 }

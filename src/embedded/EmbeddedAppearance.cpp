@@ -116,7 +116,9 @@ public:
     std::int32_t idCount() const override { return static_cast<std::int32_t>(record_.ids.size()); }
     std::vector<std::int32_t> ids() const override { return record_.ids; }
     HostRef<HostAppearance> appearance() const override {
-        return makeHostObject<EmbeddedAppearance>(session_, document_, record_.appearance, component_);
+        return record_.appearance
+                   ? makeHostObject<EmbeddedAppearance>(session_, document_, *record_.appearance, component_)
+                   : HostRef<EmbeddedAppearance>();
     }
 
     const void* identity() const noexcept override { return &record_; }

@@ -104,7 +104,7 @@ struct AppearanceRecord {
 
 struct DecalRecord {
     std::int32_t id = 0;
-    AppearanceRecord appearance;
+    std::optional<AppearanceRecord> appearance;
     std::string maskFile;
     bool maskInvert = false;
     std::vector<std::int32_t> ids;

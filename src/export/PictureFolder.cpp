@@ -13,6 +13,10 @@ PictureFolder::~PictureFolder() {
 
 PictureCopier PictureFolder::copier() {
     return [this](const std::string& sourcePath, std::string& name, bool isNormalMap) {
+        if (const auto fault = pictureNameFault(name)) {
+            report_.warn("the picture " + nativePath(sourcePath) + " gets a short name, since its own one " +
+                         *fault);
+        }
         std::string path = CopyOrConvertImage(sourcePath, folder_, name, isNormalMap, report_);
         if (!path.empty()) {
             made_.push_back(std::move(path));

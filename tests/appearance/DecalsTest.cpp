@@ -20,8 +20,9 @@ struct Decals : testing::Test {
     DecalRecord decal(std::int32_t id, const std::string& picture, const std::string& mask = {}) {
         DecalRecord made;
         made.id = id;
-        made.appearance.texture = folder / picture;
-        made.appearance.file = "/" + std::to_string(id) + ".tfm";
+        made.appearance.emplace();
+        made.appearance->texture = folder / picture;
+        made.appearance->file = "/" + std::to_string(id) + ".tfm";
         made.maskFile = mask.empty() ? "" : folder / mask;
         return made;
     }
@@ -63,13 +64,15 @@ TEST_F(Decals, ComeFromADocumentWhereItsComponentHasNone) {
     ModelDocument& top = builder.assembly(u"top.tfgasm");
     ModelDocument& part = builder.part(u"p.tfgprt");
     DecalRecord onPart = decal(1, "a.png");
-    onPart.appearance.hasAppliedTo = true;
-    onPart.appearance.appliedTo = {onBody(0)};
+    onPart.appearance->hasAppliedTo = true;
+    onPart.appearance->appliedTo = {onBody(0)};
     DecalRecord onNothing = decal(2, "b.png");
-    part.decals = {onPart, onNothing};
+    DecalRecord withoutAppearance = decal(4, "b.png");
+    withoutAppearance.appearance.reset();
+    part.decals = {onPart, onNothing, withoutAppearance};
     DecalRecord onRoot = decal(3, "b.png");
-    onRoot.appearance.hasAppliedTo = true;
-    onRoot.appearance.appliedTo = {onComponent(u"a")};
+    onRoot.appearance->hasAppliedTo = true;
+    onRoot.appearance->appliedTo = {onComponent(u"a")};
     top.decals = {onRoot};
     top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
     top.components[1].decals = {decal(4, "a.png")};
@@ -80,8 +83,8 @@ TEST_F(Decals, ComeFromADocumentWhereItsComponentHasNone) {
 TEST_F(Decals, OfAPartAloneLeaveNoTrace) {
     ModelDocument& part = builder.part(u"p.tfgprt");
     part.decals = {decal(1, "a.png")};
-    part.decals[0].appearance.hasAppliedTo = true;
-    part.decals[0].appearance.appliedTo = {onBody(0)};
+    part.decals[0].appearance->hasAppliedTo = true;
+    part.decals[0].appearance->appliedTo = {onBody(0)};
     EXPECT_THAT(materialNames(exported()), ElementsAre("-"));
 }
 
@@ -91,9 +94,9 @@ TEST_F(Decals, AreNotedForTheComponentsThatTheyTouch) {
     top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
     top.components[1].id = 40;
     top.components[0].decals = {decal(7, "a.png"), decal(8, "b.png")};
-    top.components[0].decals[1].appearance.hasAppliedTo = true;
-    top.components[0].decals[1].appearance.appliedTo = {onComponent(u"b"), onComponent(u"a"),
-                                                        onComponent(u"b")};
+    top.components[0].decals[1].appearance->hasAppliedTo = true;
+    top.components[0].decals[1].appearance->appliedTo = {onComponent(u"b"), onComponent(u"a"),
+                                                         onComponent(u"b")};
     top.components[1].decals = {decal(7, "b.png")};
     const HostRef<HostApplication> host = openEmbeddedHost(builder.take());
     GltfDocument document;

@@ -198,6 +198,22 @@ TEST_F(Textures, NeverStopAnExportWhateverTheyHold) {
     EXPECT_EQ(run->exporter.report().warnings.size(), damaged.size());
 }
 
+TEST_F(Textures, GetShortNamesWhereTheSystemTakesNoLongerOnes) {
+    const std::string longest(251, 'x');
+    picture(longest + ".jpg", jpegPicture("long"));
+    picture(longest + "yz", smallBmp());
+    paint("", longest + ".jpg"); // as a normal map it would get two letters more
+    paint(longest + "yz", "");   // and this one the extension of a PNG file
+    EXPECT_THAT(urisOf(exported()), ElementsAre("picture-1.jpg", "picture-1.png"));
+    EXPECT_EQ(written("picture-1.jpg"), jpegPicture("long"));
+    EXPECT_THAT(written("picture-1.png"), StartsWith(kPngStart));
+    EXPECT_THAT(run->exporter.report().warnings,
+                ElementsAre(HasSubstr("gets a short name"), HasSubstr("gets a short name")));
+    nlohmann::json gltf;
+    EXPECT_THAT(embeddedIn(run->run("y.glb"), gltf), ElementsAre(jpegPicture("long"), StartsWith(kPngStart)));
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty()) << "nobody sees names inside";
+}
+
 TEST_F(Textures, LeaveNothingWhenTheExportFails) {
     picture("a.bmp", smallBmp());
     picture("b.jpg", jpegPicture("b"));

@@ -204,7 +204,7 @@ TEST(ModelReader, AppearancesDecalsAndFeatures) {
     EXPECT_THAT(full.configurations, ElementsAre(u"A"));
     EXPECT_THAT(full.displayStates, ElementsAre(u"T"));
     const DecalRecord& decal = document.decals.at(0);
-    EXPECT_TRUE(decal.id == 4 && decal.maskInvert && decal.appearance.hasAppliedTo);
+    EXPECT_TRUE(decal.id == 4 && decal.maskInvert && decal.appearance->hasAppliedTo);
     EXPECT_EQ(decal.maskFile, (files.folder() / "sub/m.png").string());
     EXPECT_THAT(decal.ids, ElementsAre(1, -2));
 
