@@ -112,7 +112,7 @@ def configuration(name, angle, date):
 
 def timing_rows():
     lowest = ram_position(180)
-    return [[f"{angle}", f"{1000 * (ram_position(angle) - lowest):.1f}", f"{rod_swing(angle):.1f}"] for angle in range(0, 181, 45)]
+    return [[f"{angle}", f"{1000 * (ram_position(angle) - lowest):.1f}", f"{abs(rod_swing(angle)):.1f}"] for angle in range(0, 181, 45)]
 
 
 ENGINE = {
