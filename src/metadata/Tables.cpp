@@ -3,6 +3,8 @@
 #include "document/AsciiNames.h"
 
 #include <cstdint>
+#include <string>
+#include <utility>
 
 namespace orvane {
 
