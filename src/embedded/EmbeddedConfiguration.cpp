@@ -1,3 +1,4 @@
+#include "embedded/EmbeddedMetadata.h"
 #include "embedded/EmbeddedSession.h"
 
 #include <utility>
@@ -35,6 +36,9 @@ public:
         const bool isOpened = &document_ == &session_->opened();
         return isOpened && document_.kind == DocumentKind::assembly ? makeComponent(session_, document_, 0)
                                                                     : HostRef<HostComponent>();
+    }
+    HostRef<HostCustomProperties> customProperties() const override {
+        return makeCustomProperties(session_, record());
     }
 
     const void* identity() const noexcept override { return &record(); }

@@ -1,3 +1,4 @@
+#include "embedded/EmbeddedMetadata.h"
 #include "embedded/EmbeddedSession.h"
 
 #include <utility>
@@ -58,6 +59,7 @@ public:
                    ? makeHostObject<EmbeddedFeatureDefinition>(session_, document_, *record_.definition)
                    : HostRef<EmbeddedFeatureDefinition>();
     }
+    HostRef<HostCommentFolder> commentFolder() const override { return makeCommentFolder(session_, record_); }
 
     const void* identity() const noexcept override { return &record_; }
 

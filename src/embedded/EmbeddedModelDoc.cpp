@@ -1,3 +1,4 @@
+#include "embedded/EmbeddedMetadata.h"
 #include "embedded/EmbeddedSession.h"
 #include "embedded/ShownBox.h"
 
@@ -58,6 +59,12 @@ public:
     std::vector<HostRef<HostDecal>> decals() const override {
         return makeDecals(session_, document_, document_.decals, {});
     }
+    std::int32_t annotationCount() const override {
+        return static_cast<std::int32_t>(document_.annotations.size());
+    }
+    std::vector<HostRef<HostAnnotation>> annotations() const override {
+        return makeAnnotations(session_, document_);
+    }
 
 private:
     SessionRef session_;
@@ -115,6 +122,8 @@ public:
     HostRef<HostFeature> firstFeature() override {
         return makeFeature(session_, document_, document_.features.empty() ? -1 : 0);
     }
+
+    HostRef<HostDesignTable> designTable() override { return makeDesignTable(session_, document_); }
 
     // A model document has one view on the screen, and nothing moves it yet.
     HostRef<HostView> activeView() override { return makeHostObject<EmbeddedView>(); }

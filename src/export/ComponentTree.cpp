@@ -86,14 +86,13 @@ void registerMaterials(ExportContext& context, const GeomStreams& streams) {
 
 /// What a node shows. `material` is that of its component, or of one above it.
 void buildMesh(ExportContext& context, GltfNode& node, const HostRef<HostComponent>& component,
-               const HostRef<HostPart>& part, GltfMaterial* material) {
+               const HostRef<HostPart>& part, const HostRef<HostModelDoc>& document, GltfMaterial* material) {
     const HostRef<HostBodyEnumerator> bodies = component
                                                    ? component->enumerateBodies(kSolidBody, kVisibleOnly)
                                                    : part->enumerateBodies(kSolidBody, kVisibleOnly);
     if (!bodies) {
         return;
     }
-    const HostRef<HostModelDoc> document = documentOf(component, part);
     NodeMaterials materials(context.appearances, material, document.get(),
                             component ? component->componentName() : std::u16string());
     materials.buildFaceMap(*bodies);
@@ -136,6 +135,8 @@ void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& co
     GltfNode& node = addRecord(document.nodes);
     nodeList.push_back(node.id);
     node.parent = parent ? parent->id : -1;
+    const HostRef<HostModelDoc> thisDoc = documentOf(component, part);
+    context.nodeDocuments.emplace(node.id, thisDoc);
     bool hasGeometry = true;
     if (component) {
         const bool isHidden = component->isHidden(0) != 0;
@@ -148,7 +149,7 @@ void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& co
                           componentMaterial(context, component, parent)};
     if (hasGeometry) {
         // An appearance of the root component itself reaches only what stands below it.
-        buildMesh(context, node, component, part, parent ? self.material : nullptr);
+        buildMesh(context, node, component, part, thisDoc, parent ? self.material : nullptr);
     }
     if (component && component->getChildrenCount() > 0) {
         for (const HostRef<HostComponent>& child : component->getChildren()) {

@@ -6,6 +6,7 @@
 #include "export/ExportOptions.h"
 #include "geometry/ModelBounds.h"
 #include "host/HostApplication.h"
+#include "metadata/Comments.h"
 
 #include <optional>
 #include <string>
@@ -26,6 +27,7 @@ struct ExportContext {
     HostRef<HostTransform>
         rootTransform; ///< by which every placement below the root is multiplied; one for each scene
     std::optional<ModelBounds> modelBounds; ///< of the present scene, once they were asked for
+    NodeDocuments nodeDocuments;            ///< of the nodes of the present scene
 };
 
 } // namespace orvane

@@ -7,6 +7,7 @@
 #include "export/ExportContext.h"
 #include "export/SceneFiles.h"
 #include "export/SceneLoop.h"
+#include "metadata/Tables.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
 
@@ -204,7 +205,8 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .appearances = appearances,
                           .title = defaultDocumentTitle(),
                           .rootTransform = {},
-                          .modelBounds = {}};
+                          .modelBounds = {},
+                          .nodeDocuments = {}};
     const HostRef<HostView> view = modelDoc->activeView();
     const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
     MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
@@ -215,6 +217,8 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
     if (view) {
         modelDoc->setActiveView(view);
     }
+    document_.designTable = readDesignTable(*modelDoc);
+    readGeneralTables(*modelDoc, document_.generalTables);
     return configurations.activeIndex;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/HostComponent.h"
+#include "host/HostCustomProperties.h"
 #include "host/HostRef.h"
 
 #include <string>
@@ -17,6 +18,8 @@ public:
     virtual bool applyDisplayState(const std::u16string& name) = 0;
     /// The root of the component tree; empty for a part.
     virtual HostRef<HostComponent> getRootComponent() const = 0;
+    /// Empty when the configuration has no custom properties to manage.
+    virtual HostRef<HostCustomProperties> customProperties() const = 0;
 };
 
 } // namespace orvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/HostAnnotation.h"
 #include "host/HostDecal.h"
 #include "host/HostRef.h"
 
@@ -13,6 +14,9 @@ class HostDocExtension : public HostObject {
 public:
     virtual std::int32_t decalCount() const = 0;
     virtual std::vector<HostRef<HostDecal>> decals() const = 0;
+
+    virtual std::int32_t annotationCount() const = 0;
+    virtual std::vector<HostRef<HostAnnotation>> annotations() const = 0;
 };
 
 } // namespace orvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/HostComment.h"
 #include "host/HostObject.h"
 #include "host/HostRef.h"
 
@@ -32,6 +33,8 @@ public:
     virtual HostRef<HostFeature> nextSubFeature() const = 0;
     /// Empty for a feature without one.
     virtual HostRef<HostFeatureDefinition> featureDefinition() const = 0;
+    /// Empty for a feature that is no folder of comments.
+    virtual HostRef<HostCommentFolder> commentFolder() const = 0;
 };
 
 } // namespace orvane

@@ -7,6 +7,7 @@
 #include "host/HostFeature.h"
 #include "host/HostPart.h"
 #include "host/HostRef.h"
+#include "host/HostTables.h"
 #include "host/HostView.h"
 
 #include <cstdint>
@@ -40,6 +41,9 @@ public:
 
     /// The first feature of the document's tree; empty when there is none.
     virtual HostRef<HostFeature> firstFeature() = 0;
+
+    /// Empty for a document without one.
+    virtual HostRef<HostDesignTable> designTable() = 0;
 
     virtual HostRef<HostView> activeView() = 0;
     virtual void setActiveView(const HostRef<HostView>& view) = 0;

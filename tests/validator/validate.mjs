@@ -26,6 +26,21 @@ const deviations = [
         reason: 'extensionsUsed always holds the same two names, and this is not one of them',
     },
     {
+        code: 'UNDECLARED_EXTENSION',
+        pointer: /^\/nodes\/\d+\/extensions\/Tessaforge_comments$/,
+        reason: 'nor is this',
+    },
+    {
+        code: 'UNDECLARED_EXTENSION',
+        pointer: /^\/extensions\/Tessaforge_general_tables$/,
+        reason: 'nor is this',
+    },
+    {
+        code: 'UNDECLARED_EXTENSION',
+        pointer: /^\/extensions\/Tessaforge_design_table$/,
+        reason: 'nor is this',
+    },
+    {
         code: 'UNUSED_OBJECT',
         pointer: /\/attributes\/TEXCOORD_0$/,
         reason: 'every primitive has texture coordinates, also where its material has no texture',
@@ -57,12 +72,16 @@ const deviations = [
     },
 ];
 
+// A model without geometry gives empty lists, which no valid file has; these are there as parts of another one.
+const withoutGeometry = ['mechanism/notes.tfgprt'];
+
 const [orvane, examplesFolder, validatorFolder] = process.argv.slice(2).map((name) => path.resolve(name));
 const validator = createRequire(path.join(validatorFolder, 'package.json'))('gltf-validator');
 
 const examples = readdirSync(examplesFolder, { recursive: true, withFileTypes: true })
     .filter((entry) => entry.isFile() && /\.(tfgprt|tfgasm|step|stp)$/i.test(entry.name))
     .map((entry) => path.join(entry.parentPath ?? entry.path, entry.name))
+    .filter((file) => !withoutGeometry.includes(path.relative(examplesFolder, file).replaceAll(path.sep, '/')))
     .sort();
 
 function validate(file) {

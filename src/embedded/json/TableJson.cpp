@@ -1,12 +1,11 @@
 #include "embedded/json/TableJson.h"
 
 #include "embedded/json/JsonCursor.h"
+#include "host/HostAnnotation.h"
 
 namespace orvane {
 
 namespace {
-
-constexpr std::int32_t kTableAnnotation = 14;
 
 std::optional<std::u16string> readCell(const JsonCursor& value) {
     std::optional<std::u16string> text;
