@@ -1,4 +1,5 @@
 #include "embedded/EmbeddedSession.h"
+#include "embedded/EmbeddedView.h"
 
 #include <utility>
 
@@ -52,6 +53,9 @@ public:
     }
     HostRef<HostFeature> nextSubFeature() const override {
         return record_.parent < 0 ? HostRef<HostFeature>() : nextBelow(record_.parent);
+    }
+    HostRef<HostObject> specificFeature() const override {
+        return makeCamera(session_, record_.camera ? &*record_.camera : nullptr);
     }
     HostRef<HostFeatureDefinition> featureDefinition() const override {
         return record_.definition

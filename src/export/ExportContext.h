@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvane {
 
@@ -26,6 +27,7 @@ struct ExportContext {
     HostRef<HostTransform>
         rootTransform; ///< by which every placement below the root is multiplied; one for each scene
     std::optional<ModelBounds> modelBounds; ///< of the present scene, once they were asked for
+    std::vector<std::int32_t> cameraNodes;  ///< nodes of views and cameras, the first ones of every scene
 };
 
 } // namespace orvane

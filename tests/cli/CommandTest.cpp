@@ -66,7 +66,7 @@ TEST_F(Command, PrintsThePathOfWhatItWrote) {
     EXPECT_EQ(absolute.output, (folder / "a.glb") + "\n");
     EXPECT_EQ(absolute.errors, "");
     EXPECT_EQ(readFile(folder / "a.glb"), readFile(folder / "plate.glb"));
-    const Outcome quiet = run("export plate.tfgprt -o b.glb --quiet --views");
+    const Outcome quiet = run("export plate.tfgprt -o b.glb --quiet --thumbnails");
     EXPECT_EQ(quiet.status, 0);
     EXPECT_EQ(quiet.output + quiet.errors, "");
 }
@@ -97,9 +97,9 @@ TEST_F(Command, TellsWrongUsageApart) {
 }
 
 TEST_F(Command, SaysWhichOptionsChangeNothingYet) {
-    const Outcome outcome = run("export plate.tfgprt --lights");
+    const Outcome outcome = run("export plate.tfgprt --thumbnails");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.errors, "orvane: warning: --lights has no effect in this version\n");
+    EXPECT_EQ(outcome.errors, "orvane: warning: --thumbnails has no effect in this version\n");
 }
 
 TEST_F(Command, WarnsOfPicturesAndGoesOn) {
