@@ -4,6 +4,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 #include <array>
 #include <cstdio>
@@ -94,6 +95,24 @@ TEST_F(Command, TellsWrongUsageApart) {
     EXPECT_EQ(run("--help").status, 0);
     EXPECT_THAT(run("--version").output, ContainsRegex("^orvane [0-9.]+\n$"));
     EXPECT_THAT(run("export --help").output, HasSubstr("--no-primitive-limit"));
+}
+
+TEST_F(Command, TakesTheOptionsForViewsCamerasAndLights) {
+    writeFile(folder / "seen.tfgprt", R"({"lights": [{"name": "L", "type": "point"}], "features":
+        [{"name": "Cameras", "features": [{"name": "Left", "camera": {}}]}]})");
+    const auto nodes = [&](const std::string& option) {
+        const Outcome outcome = run("export seen.tfgprt --force -o seen.gltf " + option);
+        EXPECT_EQ(outcome.errors, "");
+        std::string names;
+        const auto gltf = nlohmann::json::parse(readFile(folder / "seen/seen.gltf"));
+        for (const auto& node : gltf["nodes"]) {
+            names += node["name"].get<std::string>() + " ";
+        }
+        return names;
+    };
+    EXPECT_EQ(nodes("--views"), "current seen.tfgprt ");
+    EXPECT_EQ(nodes("--cameras"), "Left seen.tfgprt ");
+    EXPECT_EQ(nodes("--lights"), "seen.tfgprt LightNode_L ");
 }
 
 TEST_F(Command, SaysWhichOptionsChangeNothingYet) {
