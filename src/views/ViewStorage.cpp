@@ -53,10 +53,12 @@ Numbers3 ViewStorage::eyePosition(const HostRef<HostTransform>& transform) const
 /// Where the pan puts the middle of the screen, and from there well out of the model towards the eye.
 Numbers3 ViewStorage::orthographicPosition(const NodeMatrix& orientData) const {
     const HostRef<HostTransform> iorient = inverseOf(viewOrientation_);
-    HostRef<HostMathPoint> point = translator_ ? translator_->asPoint() : HostRef<HostMathPoint>();
-    point = point ? point->scaleBy(-1.0 / scale2_) : point;
-    point = point && iorient ? point->transformBy(*iorient) : point;
-    const Numbers3 translatorData = point ? point->readPoint() : Numbers3{};
+    const HostRef<HostMathPoint> translator = translator_ ? translator_->asPoint() : HostRef<HostMathPoint>();
+    const HostRef<HostMathPoint> itranslator =
+        translator ? translator->scaleBy(-1.0 / scale2_) : HostRef<HostMathPoint>();
+    const HostRef<HostMathPoint> ittranslator =
+        itranslator && iorient ? itranslator->transformBy(*iorient) : HostRef<HostMathPoint>();
+    const Numbers3 translatorData = ittranslator ? ittranslator->readPoint() : Numbers3{};
 
     const float maxExtent = documentBoundingBox(owner_.host).maxExtent;
     const double distance = maxExtent > 0.0f ? static_cast<float>(maxExtent * 10.0) : 10.0;
