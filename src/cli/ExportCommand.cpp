@@ -53,9 +53,6 @@ void setOptions(const ExportArguments& arguments, ExportOptions& options) {
 /// The options that are taken but change nothing yet.
 void warnOfIdleOptions(const ExportArguments& arguments) {
     const std::pair<const char*, bool> idle[] = {
-        {"--views", arguments.views},
-        {"--cameras", arguments.cameras},
-        {"--lights", arguments.lights},
         {"--animations", arguments.animations},
         {"--exploded-views", arguments.explodedViews},
         {"--thumbnails", arguments.thumbnails},

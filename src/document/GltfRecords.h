@@ -194,15 +194,19 @@ struct GltfSampler {
 struct GltfCamera {
     std::int32_t index = -1; ///< a camera with a negative one is not written
     std::int32_t isPerspective = 0;
-    double yfov = 0; ///< radians
-    double aspectRatio = 0;
+    double yfov = 0.7; ///< radians
+    double aspectRatio = 1.440000057220459;
 };
 
 struct GltfLight {
     std::int32_t index = -1;
     std::int32_t type = 0; ///< 2 spot, 3 point, 4 directional
     std::array<double, 3> color{};
+    double spotAngle = 0; ///< radians; 0 unless the light is a spot light
     double intensity = 0;
+    std::array<double, 3> attenuation{};
+    bool enabled = false;
+    std::string name;
 };
 
 enum class ChannelPath { translation, rotation, scale };

@@ -1,5 +1,6 @@
 #include "embedded/EmbeddedMetadata.h"
 #include "embedded/EmbeddedSession.h"
+#include "embedded/EmbeddedView.h"
 
 #include <utility>
 
@@ -53,6 +54,9 @@ public:
     }
     HostRef<HostFeature> nextSubFeature() const override {
         return record_.parent < 0 ? HostRef<HostFeature>() : nextBelow(record_.parent);
+    }
+    HostRef<HostObject> specificFeature() const override {
+        return makeCamera(session_, record_.camera ? &*record_.camera : nullptr);
     }
     HostRef<HostFeatureDefinition> featureDefinition() const override {
         return record_.definition

@@ -8,13 +8,6 @@ namespace orvane {
 
 namespace {
 
-class EmbeddedMathUtility final : public HostMathUtility {
-public:
-    HostRef<HostTransform> createTransform(const TransformNumbers& numbers) const override {
-        return makeTransform(numbers);
-    }
-};
-
 class EmbeddedApplication final : public HostApplication {
 public:
     explicit EmbeddedApplication(SessionRef session) : session_(std::move(session)) {}
@@ -32,7 +25,7 @@ public:
     }
     std::u16string hostInstallFolder() override { return session_->hostInstallFolder; }
     void registerTrackingId(const std::u16string&, std::int32_t&) override {}
-    HostRef<HostMathUtility> mathUtility() override { return makeHostObject<EmbeddedMathUtility>(); }
+    HostRef<HostMathUtility> mathUtility() override { return makeMathUtility(); }
 
 private:
     SessionRef session_;

@@ -1,5 +1,7 @@
+#include "embedded/EmbeddedLights.h"
 #include "embedded/EmbeddedMetadata.h"
 #include "embedded/EmbeddedSession.h"
+#include "embedded/EmbeddedView.h"
 #include "embedded/ShownBox.h"
 
 #include <algorithm>
@@ -47,8 +49,6 @@ private:
     SessionRef session_;
     const ModelDocument& document_;
 };
-
-class EmbeddedView final : public HostView {};
 
 class EmbeddedDocExtension final : public HostDocExtension {
 public:
@@ -125,9 +125,39 @@ public:
 
     HostRef<HostDesignTable> designTable() override { return makeDesignTable(session_, document_); }
 
-    // A model document has one view on the screen, and nothing moves it yet.
-    HostRef<HostView> activeView() override { return makeHostObject<EmbeddedView>(); }
+    // There is one view on the screen, and it is that of the opened document.
+    HostRef<HostView> activeView() override { return isOpened() ? makeView(session_) : HostRef<HostView>(); }
     void setActiveView(const HostRef<HostView>&) override {}
+    std::int32_t countNamedViews() const override {
+        return static_cast<std::int32_t>(document_.namedViews.size());
+    }
+    std::vector<std::u16string> listNamedViews(std::int32_t count) const override {
+        std::vector<std::u16string> names;
+        for (std::int32_t i = 0; i < std::min(count, countNamedViews()); ++i) {
+            names.push_back(document_.namedViews[static_cast<std::size_t>(i)].name);
+        }
+        return names;
+    }
+    void showNamedView(const std::u16string& name) override {
+        if (isOpened()) {
+            orvane::showNamedView(*session_, name);
+        }
+    }
+
+    std::int32_t countLights() const override { return static_cast<std::int32_t>(document_.lights.size()); }
+    std::u16string lightInternalName(std::int32_t number) const override {
+        const LightRecord* light = findLight(number);
+        return light ? light->name : std::u16string();
+    }
+    std::u16string lightUserName(std::int32_t number) const override {
+        const LightRecord* light = findLight(number);
+        return light ? light->userName : std::u16string();
+    }
+    void lightProperties(std::int32_t number, PackedData& properties) const override {
+        if (const LightRecord* light = findLight(number)) {
+            properties = packedLight(*light);
+        }
+    }
 
     HostRef<HostConfiguration> getActiveConfiguration() override {
         return makeConfiguration(session_, document_,
@@ -160,6 +190,11 @@ public:
 
 private:
     bool isOpened() const { return &document_ == &session_->opened(); }
+
+    const LightRecord* findLight(std::int32_t number) const {
+        return number >= 0 && number < countLights() ? &document_.lights[static_cast<std::size_t>(number)]
+                                                     : nullptr;
+    }
 
     std::optional<std::size_t> findConfiguration(const std::u16string& name) const {
         if (isOpened()) {

@@ -11,6 +11,9 @@ EmbeddedSession::EmbeddedSession(Model openedModel, std::u16string folder)
         configurationsByName.try_emplace(document.configurations[i].name, i);
     }
     showConfiguration(document.activeConfiguration);
+    if (document.view) {
+        screen.show(*document.view);
+    }
 }
 
 ComponentInstances& EmbeddedSession::componentsOf(const ModelDocument& assembly) {

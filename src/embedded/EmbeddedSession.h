@@ -2,6 +2,7 @@
 
 #include "embedded/ComponentInstances.h"
 #include "embedded/ModelRecords.h"
+#include "host/HostMathUtility.h"
 #include "host/HostModelDoc.h"
 
 #include <cstdint>
@@ -12,6 +13,17 @@
 #include <vector>
 
 namespace orvane {
+
+/// What the view on the screen shows.
+struct ScreenState {
+    void show(const ViewRecord& view) {
+        values = view;
+        camera = view.camera ? &*view.camera : nullptr;
+    }
+
+    std::optional<ViewRecord> values;     ///< nothing: those of a view that fits the model
+    const CameraRecord* camera = nullptr; ///< the active one, or null; that of `values` plays no part
+};
 
 /// The one model that the embedded host has open, and all that changes while it is: shared by every host
 /// object, so that an object stays usable as long as someone holds it.
@@ -40,6 +52,7 @@ struct EmbeddedSession {
         configurationsByName; ///< of the opened document, first one of a name
     std::unordered_map<const FaceRecord*, std::int32_t>
         faceMarks; ///< those that differ from the face's own value
+    ScreenState screen;
 
 private:
     std::unordered_map<const ModelDocument*, ComponentInstances> components_; ///< made when asked for
@@ -66,6 +79,9 @@ std::vector<const BodyRecord*> existingBodies(const EmbeddedSession& session, co
 HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
                                                std::int32_t bodyType, bool visibleOnly);
 HostRef<HostTransform> makeTransform(const Placement& placement);
+HostRef<HostMathPoint> makePoint(const Vector3& coordinates);
+HostRef<HostMathVector> makeVector(const Vector3& coordinates);
+HostRef<HostMathUtility> makeMathUtility();
 /// An appearance that `document` holds.
 HostRef<HostAppearance> makeAppearance(const SessionRef& session, const ModelDocument& document,
                                        const AppearanceRecord& appearance);

@@ -3,6 +3,7 @@
 #include "appearance/NodeMaterials.h"
 #include "appearance/Textures.h"
 #include "document/AsciiNames.h"
+#include "geometry/DocumentBoundingBox.h"
 #include "geometry/Tessellation.h"
 
 namespace orvane {
@@ -49,13 +50,7 @@ HostRef<HostModelDoc> documentOf(const HostRef<HostComponent>& component, const 
 /// The box of the document in front, asked for once in a scene.
 const ModelBounds& modelBounds(ExportContext& context) {
     if (!context.modelBounds) {
-        std::optional<HostBox> box;
-        if (const HostRef<HostAssembly> assembly = context.modelDoc->assemblyInterface()) {
-            box = assembly->assemblyBox();
-        } else if (const HostRef<HostPart> part = context.modelDoc->partInterface()) {
-            box = part->partBox(kVisibleOnly);
-        }
-        context.modelBounds = box ? makeModelBounds(*box) : ModelBounds{};
+        context.modelBounds = documentBoundingBox(context.host);
     }
     return *context.modelBounds;
 }

@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvane {
 
@@ -28,6 +29,7 @@ struct ExportContext {
         rootTransform; ///< by which every placement below the root is multiplied; one for each scene
     std::optional<ModelBounds> modelBounds; ///< of the present scene, once they were asked for
     NodeDocuments nodeDocuments;            ///< of the nodes of the present scene
+    std::vector<std::int32_t> cameraNodes;  ///< nodes of views and cameras, the first ones of every scene
 };
 
 } // namespace orvane

@@ -10,6 +10,7 @@
 #include "metadata/Tables.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
+#include "views/ViewStorageList.h"
 
 #include <exception>
 #include <new>
@@ -206,8 +207,11 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .title = defaultDocumentTitle(),
                           .rootTransform = {},
                           .modelBounds = {},
-                          .nodeDocuments = {}};
+                          .nodeDocuments = {},
+                          .cameraNodes = {}};
     const HostRef<HostView> view = modelDoc->activeView();
+    const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras() != 0,
+                                options_.exportViews() != 0, context.cameraNodes);
     const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
     MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
     buildScenes(context, configurations);

@@ -6,6 +6,7 @@
 #include "export/ComponentStates.h"
 #include "export/ComponentTree.h"
 #include "metadata/CustomProperties.h"
+#include "views/Lights.h"
 
 #include <optional>
 
@@ -42,6 +43,7 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
         setStates(root, kComponentFullyResolved);
     }
     context.rootTransform = rootTransformOf(context.host, *root);
+    scene.nodes = context.cameraNodes;
     if (context.rootTransform) {
         gatherAppearances(context.host, context.appearances);
         CollectDecals(context.appearances.source(), *context.modelDoc, root);
@@ -65,6 +67,9 @@ void buildScene(ExportContext& context, HostConfiguration& configuration, const 
         buildAssemblyNodes(context, configuration, scene);
     } else {
         buildPartNodes(context, configuration, scene);
+    }
+    if (context.options.exportLights() != 0) {
+        exportLights(context.host, context.document, scene);
     }
     context.document.scenes.push_back(std::move(scene));
 }

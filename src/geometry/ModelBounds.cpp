@@ -27,9 +27,9 @@ ModelBounds makeModelBounds(const std::array<double, 6>& corners) {
         min = {std::min(min.x, point.x), std::min(min.y, point.y), std::min(min.z, point.z)};
         max = {std::max(max.x, point.x), std::max(max.y, point.y), std::max(max.z, point.z)};
     }
-    bounds.centre = (min + max) * 0.5f;
+    bounds.center = (min + max) * 0.5f;
     const FloatVector extent = {std::abs(max.x - min.x), std::abs(max.y - min.y), std::abs(max.z - min.z)};
-    bounds.largestExtent = std::max({extent.x, extent.y, extent.z});
+    bounds.maxExtent = std::max({extent.x, extent.y, extent.z});
     bounds.volume = extentOrOne(extent.x) * extentOrOne(extent.y) * extentOrOne(extent.z);
     return bounds;
 }

@@ -8,9 +8,9 @@ namespace orvane {
 
 /// The box around a model, in metres. By default the box of nothing.
 struct ModelBounds {
-    float largestExtent = 0;
+    float maxExtent = 0;
     float volume = 0; ///< cubic metres; an extent within 0.0001 of 0 counts as 1
-    FloatVector centre;
+    FloatVector center;
     FloatVector min = {3.4028235e38f, 3.4028235e38f, 3.4028235e38f};
     FloatVector max = {1.1754944e-38f, 1.1754944e-38f, 1.1754944e-38f};
 };

@@ -5,7 +5,7 @@
 namespace orvane {
 
 UvGenBase2::UvGenBase2(const GltfMaterial& material, const ModelBounds& bounds)
-    : material_(&material), scale_(bounds.largestExtent), signU_(material.MirrorHorizontal ? -1.0f : 1.0f),
+    : material_(&material), scale_(bounds.maxExtent), signU_(material.MirrorHorizontal ? -1.0f : 1.0f),
       signV_(material.MirrorVertical ? -1.0f : 1.0f) {}
 
 void UvGenBase2::applyPlane(const UvPlane& plane, FloatVector position, FloatVector& out) const {

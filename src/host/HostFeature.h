@@ -31,6 +31,8 @@ public:
     virtual HostRef<HostFeature> firstSubFeature() const = 0;
     /// The feature behind this one below the same feature; empty behind the last.
     virtual HostRef<HostFeature> nextSubFeature() const = 0;
+    /// The object that the feature stands for, such as a camera; empty when there is none.
+    virtual HostRef<HostObject> specificFeature() const = 0;
     /// Empty for a feature without one.
     virtual HostRef<HostFeatureDefinition> featureDefinition() const = 0;
     /// Empty for a feature that is no folder of comments.

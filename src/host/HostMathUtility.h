@@ -1,6 +1,9 @@
 #pragma once
 
+#include "host/HostMathPoint.h"
 #include "host/HostTransform.h"
+
+#include <array>
 
 namespace orvane {
 
@@ -9,6 +12,8 @@ class HostMathUtility : public HostObject {
 public:
     /// Empty when the host fails.
     virtual HostRef<HostTransform> createTransform(const TransformNumbers& numbers) const = 0;
+    /// Empty when the host fails.
+    virtual HostRef<HostMathPoint> createPoint(const std::array<double, 3>& coordinates) const = 0;
 };
 
 } // namespace orvane

@@ -5,6 +5,7 @@
 #include "host/HostConfiguration.h"
 #include "host/HostDocExtension.h"
 #include "host/HostFeature.h"
+#include "host/HostLight.h"
 #include "host/HostPart.h"
 #include "host/HostRef.h"
 #include "host/HostTables.h"
@@ -45,8 +46,21 @@ public:
     /// Empty for a document without one.
     virtual HostRef<HostDesignTable> designTable() = 0;
 
+    /// The view on the screen that shows the document; empty when none does.
     virtual HostRef<HostView> activeView() = 0;
     virtual void setActiveView(const HostRef<HostView>& view) = 0;
+    virtual std::int32_t countNamedViews() const = 0;
+    /// At most the first `count` names, in the host's order.
+    virtual std::vector<std::u16string> listNamedViews(std::int32_t count) const = 0;
+    /// Puts a named view on the screen.
+    virtual void showNamedView(const std::u16string& name) = 0;
+
+    virtual std::int32_t countLights() const = 0;
+    /// Lights are numbered from 0. Names are empty when the light has none.
+    virtual std::u16string lightInternalName(std::int32_t number) const = 0;
+    virtual std::u16string lightUserName(std::int32_t number) const = 0;
+    /// Fills `properties`; leaves them as they are when the host fails.
+    virtual void lightProperties(std::int32_t number, PackedData& properties) const = 0;
 
     virtual HostRef<HostConfiguration> getActiveConfiguration() = 0;
     /// Nothing when the host cannot count them.

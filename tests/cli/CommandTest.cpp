@@ -4,6 +4,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 #include <array>
 #include <cstdio>
@@ -66,7 +67,7 @@ TEST_F(Command, PrintsThePathOfWhatItWrote) {
     EXPECT_EQ(absolute.output, (folder / "a.glb") + "\n");
     EXPECT_EQ(absolute.errors, "");
     EXPECT_EQ(readFile(folder / "a.glb"), readFile(folder / "plate.glb"));
-    const Outcome quiet = run("export plate.tfgprt -o b.glb --quiet --views");
+    const Outcome quiet = run("export plate.tfgprt -o b.glb --quiet --thumbnails");
     EXPECT_EQ(quiet.status, 0);
     EXPECT_EQ(quiet.output + quiet.errors, "");
 }
@@ -96,10 +97,28 @@ TEST_F(Command, TellsWrongUsageApart) {
     EXPECT_THAT(run("export --help").output, HasSubstr("--no-primitive-limit"));
 }
 
+TEST_F(Command, TakesTheOptionsForViewsCamerasAndLights) {
+    writeFile(folder / "seen.tfgprt", R"({"lights": [{"name": "L", "type": "point"}], "features":
+        [{"name": "Cameras", "features": [{"name": "Left", "camera": {}}]}]})");
+    const auto nodes = [&](const std::string& option) {
+        const Outcome outcome = run("export seen.tfgprt --force -o seen.gltf " + option);
+        EXPECT_EQ(outcome.errors, "");
+        std::string names;
+        const auto gltf = nlohmann::json::parse(readFile(folder / "seen/seen.gltf"));
+        for (const auto& node : gltf["nodes"]) {
+            names += node["name"].get<std::string>() + " ";
+        }
+        return names;
+    };
+    EXPECT_EQ(nodes("--views"), "current seen.tfgprt ");
+    EXPECT_EQ(nodes("--cameras"), "Left seen.tfgprt ");
+    EXPECT_EQ(nodes("--lights"), "seen.tfgprt LightNode_L ");
+}
+
 TEST_F(Command, SaysWhichOptionsChangeNothingYet) {
-    const Outcome outcome = run("export plate.tfgprt --lights");
+    const Outcome outcome = run("export plate.tfgprt --thumbnails");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.errors, "orvane: warning: --lights has no effect in this version\n");
+    EXPECT_EQ(outcome.errors, "orvane: warning: --thumbnails has no effect in this version\n");
 }
 
 TEST_F(Command, WarnsOfPicturesAndGoesOn) {

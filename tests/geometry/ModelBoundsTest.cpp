@@ -12,8 +12,8 @@ TEST(ModelBounds, TakesCornersInAnyOrder) {
     const ModelBounds bounds = makeModelBounds({3, -1, 0.5, 1, 4, -1.5});
     EXPECT_EQ(bounds.min, (FloatVector{1, -1, -1.5f}));
     EXPECT_EQ(bounds.max, (FloatVector{3, 4, 0.5f}));
-    EXPECT_EQ(bounds.centre, (FloatVector{2, 1.5f, -0.5f}));
-    EXPECT_EQ(bounds.largestExtent, 5);
+    EXPECT_EQ(bounds.center, (FloatVector{2, 1.5f, -0.5f}));
+    EXPECT_EQ(bounds.maxExtent, 5);
     EXPECT_EQ(bounds.volume, 20);
 }
 
@@ -21,20 +21,20 @@ TEST(ModelBounds, CountsAFlatExtentAsOneInTheVolumeOnly) {
     EXPECT_EQ(makeModelBounds({1, 1, 1, 3, 4, 1}).volume, 6);
     const ModelBounds bounds = makeModelBounds({0, 0, 0, 0.00009, 0.0002, 0});
     EXPECT_EQ(bounds.volume, 0.0002f);
-    EXPECT_EQ(bounds.largestExtent, 0.0002f);
+    EXPECT_EQ(bounds.maxExtent, 0.0002f);
 }
 
 TEST(ModelBounds, ReachesToZeroFromBelow) {
     const ModelBounds bounds = makeModelBounds({-4, -1, -9, -2, 1, -8});
     EXPECT_EQ(bounds.max, (FloatVector{kSmallestNormal, 1, kSmallestNormal}));
-    EXPECT_EQ(bounds.centre, (FloatVector{-2, 0, -4.5f}));
-    EXPECT_EQ(bounds.largestExtent, 9);
+    EXPECT_EQ(bounds.center, (FloatVector{-2, 0, -4.5f}));
+    EXPECT_EQ(bounds.maxExtent, 9);
     EXPECT_EQ(bounds.volume, 72);
 }
 
 TEST(ModelBounds, HaveNoExtentWithoutNumbers) {
     const ModelBounds bounds;
-    EXPECT_EQ(bounds.largestExtent, 0);
+    EXPECT_EQ(bounds.maxExtent, 0);
     EXPECT_EQ(bounds.min, (FloatVector{kLargest, kLargest, kLargest}));
     EXPECT_EQ(bounds.max, (FloatVector{kSmallestNormal, kSmallestNormal, kSmallestNormal}));
 }

@@ -17,7 +17,7 @@ struct UvGeneratorTest : testing::Test {
         material.width = 2;
         material.height = 4;
         material.uDirx = material.vDiry = 1;
-        bounds.largestExtent = 6;
+        bounds.maxExtent = 6;
     }
 
     void expectUv(MappingType type, FloatVector position, float u, float v, FloatVector normal = {}) {

@@ -1,0 +1,64 @@
+#include "views/ViewStorageList.h"
+
+#include "document/AsciiNames.h"
+#include "views/CameraStorage.h"
+#include "views/ViewStorage.h"
+
+namespace orvane {
+
+namespace {
+
+HostRef<HostCamera> activeCameraOf(const HostRef<HostView>& view) {
+    return view ? view->activeCamera() : HostRef<HostCamera>();
+}
+
+} // namespace
+
+template <class Storage, class Source>
+const ViewStorageBase* ViewStorageList::store(std::string name, const HostRef<Source>& source,
+                                              std::vector<std::int32_t>& cameraNodes) {
+    ViewStorageBase& storage =
+        *storages_.emplace_back(std::make_unique<Storage>(owner_, std::move(name), source));
+    storage.createCameraNode(cameraNodes);
+    return &storage;
+}
+
+/// The host keeps its cameras in a folder of the tree, one level below the top.
+void ViewStorageList::storeTreeCameras(HostModelDoc& document, std::vector<std::int32_t>& cameraNodes) {
+    for (HostRef<HostFeature> top = document.firstFeature(); top; top = top->nextFeature()) {
+        for (HostRef<HostFeature> sub = top->firstSubFeature(); sub; sub = sub->nextSubFeature()) {
+            if (const auto camera = inRole<HostCamera>(sub->specificFeature())) {
+                store<CameraStorage>(toAsciiName(sub->featureName()), camera, cameraNodes);
+            }
+        }
+    }
+}
+
+ViewStorageList::ViewStorageList(const ViewOwner& owner, HostModelDoc& document, bool exportCameras,
+                                 bool exportViews, std::vector<std::int32_t>& cameraNodes)
+    : owner_(owner), activeView_(document.activeView()) {
+    const HostRef<HostCamera> activeCamera = activeCameraOf(activeView_);
+    if (activeView_ && !activeCamera && exportViews) {
+        current_ = store<ViewStorage>("current", activeView_, cameraNodes);
+    } else if (activeCamera && exportCameras) {
+        current_ = store<CameraStorage>("current", activeCamera, cameraNodes);
+    }
+    if (exportCameras) {
+        storeTreeCameras(document, cameraNodes);
+    }
+    for (const std::u16string& name : document.listNamedViews(document.countNamedViews())) {
+        document.showNamedView(name);
+        activeView_ = document.activeView();
+        if (activeView_ && !activeCameraOf(activeView_) && exportViews) {
+            store<ViewStorage>(toAsciiName(name), activeView_, cameraNodes);
+        }
+    }
+}
+
+ViewStorageList::~ViewStorageList() {
+    if (current_ && restoreOnClose && activeView_) {
+        current_->restore(*activeView_);
+    }
+}
+
+} // namespace orvane
