@@ -55,8 +55,6 @@ void warnOfIdleOptions(const ExportArguments& arguments) {
         {"--views", arguments.views},
         {"--cameras", arguments.cameras},
         {"--lights", arguments.lights},
-        {"--animations", arguments.animations},
-        {"--exploded-views", arguments.explodedViews},
         {"--thumbnails", arguments.thumbnails},
     };
     for (const auto& [name, isGiven] : idle) {

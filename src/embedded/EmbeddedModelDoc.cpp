@@ -42,6 +42,20 @@ public:
     }
     std::optional<HostBox> assemblyBox() const override { return shownBox(*session_, document_); }
 
+    std::int32_t countExplodedViews() const override {
+        return static_cast<std::int32_t>(document_.explodedViews.size());
+    }
+    std::vector<std::u16string> listExplodedViewNames() override {
+        std::vector<std::u16string> names;
+        for (const ExplodedViewRecord& view : document_.explodedViews) {
+            names.push_back(view.name);
+        }
+        if (&document_ == &session_->opened()) {
+            session_->studies->restartExplodedViews();
+        }
+        return names;
+    }
+
 private:
     SessionRef session_;
     const ModelDocument& document_;
@@ -57,6 +71,9 @@ public:
     std::int32_t decalCount() const override { return static_cast<std::int32_t>(document_.decals.size()); }
     std::vector<HostRef<HostDecal>> decals() const override {
         return makeDecals(session_, document_, document_.decals, {});
+    }
+    HostRef<HostObject> studyManagerObject() override {
+        return &document_ == &session_->opened() ? makeStudyManager(session_) : HostRef<HostObject>();
     }
 
 private:

@@ -11,6 +11,7 @@ EmbeddedSession::EmbeddedSession(Model openedModel, std::u16string folder)
         configurationsByName.try_emplace(document.configurations[i].name, i);
     }
     showConfiguration(document.activeConfiguration);
+    studies.emplace(document, document.kind == DocumentKind::assembly ? &componentsOf(document) : nullptr);
 }
 
 ComponentInstances& EmbeddedSession::componentsOf(const ModelDocument& assembly) {
@@ -41,6 +42,9 @@ void EmbeddedSession::applyDisplayState(std::size_t position) {
     activeDisplayState = position;
     if (opened().kind == DocumentKind::assembly) {
         componentsOf(opened()).apply(configurationOf(opened()), displayStateOf(opened()));
+    }
+    if (StudyPlayback* const playback = studies ? studies->playback() : nullptr) {
+        playback->forgetPlacements();
     }
 }
 

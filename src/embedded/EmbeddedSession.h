@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded/ComponentInstances.h"
+#include "embedded/EmbeddedStudies.h"
 #include "embedded/ModelRecords.h"
 #include "host/HostModelDoc.h"
 
@@ -39,7 +40,8 @@ struct EmbeddedSession {
     std::unordered_map<std::u16string, std::size_t>
         configurationsByName; ///< of the opened document, first one of a name
     std::unordered_map<const FaceRecord*, std::int32_t>
-        faceMarks; ///< those that differ from the face's own value
+        faceMarks;                          ///< those that differ from the face's own value
+    std::optional<EmbeddedStudies> studies; ///< of the opened document; there from the start
 
 private:
     std::unordered_map<const ModelDocument*, ComponentInstances> components_; ///< made when asked for
@@ -66,6 +68,8 @@ std::vector<const BodyRecord*> existingBodies(const EmbeddedSession& session, co
 HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const ModelDocument& document,
                                                std::int32_t bodyType, bool visibleOnly);
 HostRef<HostTransform> makeTransform(const Placement& placement);
+/// What manages the motion studies of the opened document.
+HostRef<HostObject> makeStudyManager(const SessionRef& session);
 /// An appearance that `document` holds.
 HostRef<HostAppearance> makeAppearance(const SessionRef& session, const ModelDocument& document,
                                        const AppearanceRecord& appearance);

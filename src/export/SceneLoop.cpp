@@ -5,6 +5,7 @@
 #include "document/AsciiNames.h"
 #include "export/ComponentStates.h"
 #include "export/ComponentTree.h"
+#include "export/SceneMotion.h"
 
 #include <optional>
 
@@ -21,10 +22,11 @@ HostRef<HostTransform> rootTransformOf(HostApplication& host, const HostComponen
     return math ? math->createTransform(kIdentityTransform) : HostRef<HostTransform>();
 }
 
-void buildPartNodes(ExportContext& context, GltfScene& scene) {
+void buildPartNodes(ExportContext& context, const HostConfiguration& configuration, GltfScene& scene) {
     if (const HostRef<HostPart> part = context.modelDoc->partInterface()) {
         gatherAppearances(context.host, context.appearances);
         buildComponentTree(context, {}, part, scene.nodes, nullptr);
+        sampleMotion(context, configuration, scene);
     }
 }
 
@@ -43,6 +45,7 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
         gatherAppearances(context.host, context.appearances);
         CollectDecals(context.appearances.source(), *context.modelDoc, root);
         buildComponentTree(context, root, {}, scene.nodes, nullptr);
+        sampleMotion(context, configuration, scene);
         // The next scene gathers afresh: another display state may give other appearances.
         context.appearances.Clear(true);
     }
@@ -53,12 +56,13 @@ void buildScene(ExportContext& context, HostConfiguration& configuration, const 
                 std::size_t state) {
     configuration.applyDisplayState(config.displayStateNames[state]);
     context.modelBounds.reset();
+    expectMotion(context);
     GltfScene scene = config;
     scene.name = config.name + " - " + config.displayStates[state];
     if (context.isAssembly) {
         buildAssemblyNodes(context, configuration, scene);
     } else {
-        buildPartNodes(context, scene);
+        buildPartNodes(context, configuration, scene);
     }
     context.document.scenes.push_back(std::move(scene));
 }

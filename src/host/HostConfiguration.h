@@ -3,6 +3,7 @@
 #include "host/HostComponent.h"
 #include "host/HostRef.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,8 @@ public:
     virtual bool applyDisplayState(const std::u16string& name) = 0;
     /// The root of the component tree; empty for a part.
     virtual HostRef<HostComponent> getRootComponent() const = 0;
+    /// The steps of the exploded views that the configuration has.
+    virtual std::int32_t countExplodeSteps() const = 0;
 };
 
 } // namespace orvane
