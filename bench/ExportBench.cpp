@@ -45,6 +45,7 @@ double exportSeconds(HostApplication& host) {
     COrvaneExporter exporter({.host = host});
     exporter.hostRevision = kEmbeddedHostRevision;
     exporter.request().exportPath = kTarget;
+    exporter.options().setExportAnimations(-1);
     const auto start = Clock::now();
     exporter.exportActiveDocument();
     const double seconds = secondsSince(start);
@@ -137,6 +138,25 @@ void paintedBodies(benchmark::State& state) {
     });
 }
 
+/// Components, then frames.
+void movingNodes(benchmark::State& state) {
+    runExport(state, [&] {
+        return movingAssembly(static_cast<std::size_t>(state.range(0)),
+                              static_cast<std::size_t>(state.range(1)), 1);
+    });
+}
+
+void movingChains(benchmark::State& state) {
+    runExport(state, [&] {
+        return movingAssembly(static_cast<std::size_t>(state.range(0)),
+                              static_cast<std::size_t>(state.range(1)), 200);
+    });
+}
+
+void motions(benchmark::internal::Benchmark* bench) {
+    bench->Args({1'000, 1'000})->Args({1'000, 500})->Args({400, 1'000})->Args({200, 1'000})->Args({200, 500});
+}
+
 void colours(benchmark::internal::Benchmark* bench) {
     bench->Args({5'000, 100'000})->Args({5'000, 200'000})->Args({10'000, 200'000})->Args({10'000, 400'000});
 }
@@ -152,6 +172,8 @@ BENCHMARK(equalNames)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
 BENCHMARK(nestedNodes)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
 BENCHMARK(paintedFaces)->Apply(colours)->Apply(asRounds);
 BENCHMARK(paintedBodies)->Apply(colours)->Apply(asRounds);
+BENCHMARK(movingNodes)->Apply(motions)->Apply(asRounds);
+BENCHMARK(movingChains)->Apply(motions)->Apply(asRounds);
 BENCHMARK(scenes)->Arg(500)->Arg(1'000)->Arg(2'000)->Apply(asRounds);
 
 } // namespace
