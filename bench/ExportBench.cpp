@@ -20,6 +20,7 @@
 #include <stdexcept>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace orvane {
@@ -40,12 +41,12 @@ double median(std::vector<double> values) {
 }
 
 /// Exports once, from the open host to the finished file.
-double exportSeconds(HostApplication& host) {
+double exportSeconds(HostApplication& host, bool withAnimations) {
     std::filesystem::remove(kTarget);
     COrvaneExporter exporter({.host = host});
     exporter.hostRevision = kEmbeddedHostRevision;
     exporter.request().exportPath = kTarget;
-    exporter.options().setExportAnimations(-1);
+    exporter.options().setExportAnimations(withAnimations ? -1 : 0);
     const auto start = Clock::now();
     exporter.exportActiveDocument();
     const double seconds = secondsSince(start);
@@ -77,15 +78,17 @@ double plainWriteSeconds() {
 /// rounds' ratios; the memory is the most that an export took beyond what the host held before it.
 void runExport(benchmark::State& state, const std::function<Model()>& makeModel) {
     std::filesystem::create_directory("orvane-bench");
-    const HostRef<HostApplication> host = openEmbeddedHost(makeModel());
-    exportSeconds(*host);
+    Model model = makeModel();
+    const bool withAnimations = !model.documents.front()->motionStudies.empty();
+    const HostRef<HostApplication> host = openEmbeddedHost(std::move(model));
+    exportSeconds(*host, withAnimations);
     std::vector<double> exports, writes, ratios;
     std::int64_t memory = 0;
     for (auto round : state) {
         (void)round;
         resetPeakMemory();
         const std::int64_t held = residentMemory();
-        exports.push_back(exportSeconds(*host));
+        exports.push_back(exportSeconds(*host, withAnimations));
         memory = std::max(memory, peakMemory() - held);
         writes.push_back(plainWriteSeconds());
         ratios.push_back(exports.back() / writes.back());
