@@ -125,4 +125,31 @@ Model paintedPart(std::size_t appearances, std::size_t faces, bool onBodies) {
     return model;
 }
 
+Model movingAssembly(std::size_t components, std::size_t frames, std::size_t levels) {
+    constexpr std::int32_t kFrameRate = 128; // so that the steps add up without rounding
+    Model model;
+    ModelDocument& assembly = addDocument(model, DocumentKind::assembly, u"moving.tfgasm");
+    MotionStudyRecord& study = assembly.motionStudies.emplace_back();
+    study.name = u"Motion";
+    study.frameRate = kFrameRate;
+    study.duration = static_cast<double>(frames - 1) / kFrameRate;
+    for (std::size_t chain = 0; chain < components / levels; ++chain) {
+        std::vector<ComponentRecord>* list = &assembly.components;
+        std::u16string name;
+        for (std::size_t level = 0; level < levels; ++level) {
+            ComponentRecord& component = list->emplace_back(placed(numbered(u"c", chain), assembly, chain));
+            component.document = nullptr;
+            name += (level == 0 ? u"" : u"/") + component.name;
+            TrackRecord& track = study.tracks.emplace_back();
+            track.component = name;
+            track.keys.resize(2);
+            track.keys[0].placement = *component.placement;
+            track.keys[1].time = study.duration;
+            track.keys[1].placement = {0, 1, 0, -1, 0, 0, 0, 0, 1, 0.5, 0.25, 1, 1, 0, 0, 0};
+            list = &component.components.emplace();
+        }
+    }
+    return model;
+}
+
 } // namespace orvane

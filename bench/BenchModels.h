@@ -24,4 +24,8 @@ Model configuredAssembly(std::size_t components, std::size_t configurations);
 /// the bodies or the single faces among themselves. There may be none.
 Model paintedPart(std::size_t appearances, std::size_t faces, bool onBodies);
 
+/// An assembly of `components` components without geometry, in chains of `levels` one below the other, and a
+/// motion study of `frames` frames in which each of them turns and moves relative to its parent.
+Model movingAssembly(std::size_t components, std::size_t frames, std::size_t levels);
+
 } // namespace orvane

@@ -20,6 +20,7 @@
 #include <stdexcept>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace orvane {
@@ -40,11 +41,12 @@ double median(std::vector<double> values) {
 }
 
 /// Exports once, from the open host to the finished file.
-double exportSeconds(HostApplication& host) {
+double exportSeconds(HostApplication& host, bool withAnimations) {
     std::filesystem::remove(kTarget);
     COrvaneExporter exporter({.host = host});
     exporter.hostRevision = kEmbeddedHostRevision;
     exporter.request().exportPath = kTarget;
+    exporter.options().setExportAnimations(withAnimations ? -1 : 0);
     const auto start = Clock::now();
     exporter.exportActiveDocument();
     const double seconds = secondsSince(start);
@@ -76,15 +78,17 @@ double plainWriteSeconds() {
 /// rounds' ratios; the memory is the most that an export took beyond what the host held before it.
 void runExport(benchmark::State& state, const std::function<Model()>& makeModel) {
     std::filesystem::create_directory("orvane-bench");
-    const HostRef<HostApplication> host = openEmbeddedHost(makeModel());
-    exportSeconds(*host);
+    Model model = makeModel();
+    const bool withAnimations = !model.documents.front()->motionStudies.empty();
+    const HostRef<HostApplication> host = openEmbeddedHost(std::move(model));
+    exportSeconds(*host, withAnimations);
     std::vector<double> exports, writes, ratios;
     std::int64_t memory = 0;
     for (auto round : state) {
         (void)round;
         resetPeakMemory();
         const std::int64_t held = residentMemory();
-        exports.push_back(exportSeconds(*host));
+        exports.push_back(exportSeconds(*host, withAnimations));
         memory = std::max(memory, peakMemory() - held);
         writes.push_back(plainWriteSeconds());
         ratios.push_back(exports.back() / writes.back());
@@ -137,6 +141,25 @@ void paintedBodies(benchmark::State& state) {
     });
 }
 
+/// Components, then frames.
+void movingNodes(benchmark::State& state) {
+    runExport(state, [&] {
+        return movingAssembly(static_cast<std::size_t>(state.range(0)),
+                              static_cast<std::size_t>(state.range(1)), 1);
+    });
+}
+
+void movingChains(benchmark::State& state) {
+    runExport(state, [&] {
+        return movingAssembly(static_cast<std::size_t>(state.range(0)),
+                              static_cast<std::size_t>(state.range(1)), 200);
+    });
+}
+
+void motions(benchmark::internal::Benchmark* bench) {
+    bench->Args({1'000, 1'000})->Args({1'000, 500})->Args({400, 1'000})->Args({200, 1'000})->Args({200, 500});
+}
+
 void colours(benchmark::internal::Benchmark* bench) {
     bench->Args({0, 200'000})
         ->Args({5'000, 100'000})
@@ -156,6 +179,8 @@ BENCHMARK(equalNames)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
 BENCHMARK(nestedNodes)->Arg(50'000)->Arg(100'000)->Arg(200'000)->Apply(asRounds);
 BENCHMARK(paintedFaces)->Apply(colours)->Apply(asRounds);
 BENCHMARK(paintedBodies)->Apply(colours)->Apply(asRounds);
+BENCHMARK(movingNodes)->Apply(motions)->Apply(asRounds);
+BENCHMARK(movingChains)->Apply(motions)->Apply(asRounds);
 BENCHMARK(scenes)->Arg(500)->Arg(1'000)->Arg(2'000)->Apply(asRounds);
 
 } // namespace

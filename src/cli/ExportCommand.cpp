@@ -53,8 +53,6 @@ void setOptions(const ExportArguments& arguments, ExportOptions& options) {
 /// The options that are taken but change nothing yet.
 void warnOfIdleOptions(const ExportArguments& arguments) {
     const std::pair<const char*, bool> idle[] = {
-        {"--animations", arguments.animations},
-        {"--exploded-views", arguments.explodedViews},
         {"--thumbnails", arguments.thumbnails},
     };
     for (const auto& [name, isGiven] : idle) {

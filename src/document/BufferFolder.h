@@ -10,11 +10,12 @@
 
 namespace orvane {
 
-/// The bytes of one buffer: pieces of memory that stand behind one another in its file, and the triangles
-/// that own them. Other pieces live as long as the process.
+/// The bytes of one buffer: pieces of memory that stand behind one another in its file, and the triangles or
+/// other numbers that own them. Other pieces live as long as the process.
 struct BufferContent {
     GeomStreams streams;
     std::vector<Bytes> pieces;
+    std::vector<FloatBlocks> numbers{};
 };
 
 /// The folder into which the buffers of an export go, each under its name.

@@ -45,4 +45,9 @@ std::string BufferNames::claim(const std::string& wanted, std::int32_t bufferInd
     return shortName;
 }
 
+std::string BufferNames::usable(const std::string& wanted, std::int32_t bufferIndex,
+                                const BufferFolder& folder, ExportReport& report) {
+    return fileNameFault(wanted) ? claim(wanted, bufferIndex, folder, report) : wanted;
+}
+
 } // namespace orvane

@@ -9,17 +9,21 @@
 
 namespace orvane {
 
-/// Finds free file names for the mesh buffers of one export. A name that is taken is cut at its last `.`,
-/// gets `-` and a counter that starts at 1, and `.bin`; a name changed so may be taken too and is changed
-/// again, so that the suffixes pile up: `a.bin`, `a-1.bin`, `a-1-2.bin`. Each wanted name is taken up where
-/// it was left, so that many nodes of one name cost no more than as many of different names. A name that the
-/// system cannot take becomes `buffer-N.bin`, with the position N of the buffer; the report says so where a
-/// person meets the name.
+/// Finds file names for the buffers of one export; those of meshes are free ones. A name that is taken is cut
+/// at its last `.`, gets `-` and a counter that starts at 1, and `.bin`; a name changed so may be taken too
+/// and is changed again, so that the suffixes pile up: `a.bin`, `a-1.bin`, `a-1-2.bin`. Each wanted name is
+/// taken up where it was left, so that many nodes of one name cost no more than as many of different names. A
+/// name that the system cannot take becomes `buffer-N.bin`, with the position N of the buffer; the report
+/// says so where a person meets the name.
 class BufferNames {
 public:
     /// The first free name for `wanted`, which ends in `.bin`.
     std::string claim(const std::string& wanted, std::int32_t bufferIndex, const BufferFolder& folder,
                       ExportReport& report);
+
+    /// `wanted` itself, taken or not, unless the system cannot take it.
+    std::string usable(const std::string& wanted, std::int32_t bufferIndex, const BufferFolder& folder,
+                       ExportReport& report);
 
 private:
     struct Pile {

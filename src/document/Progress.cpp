@@ -1,5 +1,8 @@
 #include "document/Progress.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace orvane {
 
 namespace {
@@ -8,6 +11,13 @@ void notify(const Progress& progress) {
     if (progress.onChange) {
         progress.onChange(progress);
     }
+}
+
+/// The counters stop at their ends: a long animation has more keys than they can count.
+void add(std::int32_t& counter, std::int32_t count) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    counter = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(std::int64_t{counter} + count, Limits::min(), Limits::max()));
 }
 
 } // namespace
@@ -19,12 +29,12 @@ void progressBegin(Progress& progress) {
 }
 
 void progressAddTotal(Progress& progress, std::int32_t count) {
-    progress.totalWork += count;
+    add(progress.totalWork, count);
     notify(progress);
 }
 
 void progressAddDone(Progress& progress, std::int32_t count) {
-    progress.doneWork += count;
+    add(progress.doneWork, count);
     notify(progress);
 }
 

@@ -64,10 +64,20 @@ std::int32_t ComponentInstances::find(const std::u16string& fullName) const {
     return first;
 }
 
+std::vector<std::int32_t> ComponentInstances::findAll(const std::u16string& fullName) const {
+    std::vector<std::int32_t> positions;
+    const auto [begin, end] = positionsByName_.equal_range(fullName);
+    for (auto found = begin; found != end; ++found) {
+        positions.push_back(found->second);
+    }
+    std::ranges::sort(positions);
+    return positions;
+}
+
 Placement ComponentInstances::inRootSpace(std::int32_t position, Placement placement) const {
     const auto parentOf = [&](std::int32_t at) { return instances_[static_cast<std::size_t>(at)].parent; };
     for (std::int32_t parent = parentOf(position); parent > 0; parent = parentOf(parent)) {
-        const Placement* above = instances_[static_cast<std::size_t>(parent)].placement;
+        const Placement* above = instances_[static_cast<std::size_t>(parent)].shownPlacement();
         placement = multiplyPlacements(placement, above ? *above : kIdentityPlacement);
     }
     return placement;

@@ -23,8 +23,10 @@ struct ComponentInstance {
     bool suppressed = false;
     bool hidden = false;
     const Placement* placement = nullptr; ///< relative to the parent; null where there is none
+    const Placement* moved = nullptr;     ///< where a study has it instead; null where none moves it
     std::u16string fullName;
 
+    const Placement* shownPlacement() const { return moved ? moved : placement; }
     /// Whether its model is there: a lightweight component is loaded once it is resolved.
     bool isLoaded() const { return (!record || record->loaded) && state != 1; }
 };
@@ -44,6 +46,8 @@ public:
 
     /// The first instance of that full name, depth first; -1 where there is none.
     std::int32_t find(const std::u16string& fullName) const;
+    /// All instances of that full name, depth first.
+    std::vector<std::int32_t> findAll(const std::u16string& fullName) const;
     /// A placement that instance `position` has relative to its parent, in the root's space: multiplied by
     /// the placements of the parents below the root, one after the other. A missing one counts as the
     /// identity.

@@ -26,6 +26,7 @@ public:
         return document ? document->path : std::u16string();
     }
 
+    std::int16_t isRootComponent() const override { return toFlag(position_ == 0); }
     std::int16_t isLoaded() const override { return toFlag(instance().isLoaded()); }
     std::int16_t isSuppressed() const override { return toFlag(instance().suppressed); }
     std::int16_t isHidden(std::int16_t) const override { return toFlag(instance().hidden); }
@@ -33,8 +34,14 @@ public:
     std::int32_t getComponentId() const override { return instance().id; }
 
     HostRef<HostTransform> getPlacement(std::int16_t) const override {
-        return instance().placement ? makeTransform(components_.inRootSpace(position_, *instance().placement))
-                                    : HostRef<HostTransform>();
+        const Placement* placement = instance().shownPlacement();
+        if (!placement) {
+            return {};
+        }
+        StudyPlayback* const playback =
+            &assembly_ == &session_->opened() ? session_->studies->playback() : nullptr;
+        return playback ? playback->placementOf(position_)
+                        : makeTransform(components_.inRootSpace(position_, *placement));
     }
     HostRef<HostTransform> getPlacementFallback() const override {
         const ComponentRecord* record = instance().record;

@@ -41,6 +41,14 @@ public:
         return makeCustomProperties(session_, record());
     }
 
+    std::int32_t countExplodeSteps() const override {
+        std::size_t steps = 0;
+        for (const ExplodedViewRecord& view : document_.explodedViews) {
+            steps += view.steps.size();
+        }
+        return record().explodeSteps.value_or(static_cast<std::int32_t>(steps));
+    }
+
     const void* identity() const noexcept override { return &record(); }
 
 private:

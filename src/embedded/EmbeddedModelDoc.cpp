@@ -45,6 +45,20 @@ public:
     }
     std::optional<HostBox> assemblyBox() const override { return shownBox(*session_, document_); }
 
+    std::int32_t countExplodedViews() const override {
+        return static_cast<std::int32_t>(document_.explodedViews.size());
+    }
+    std::vector<std::u16string> listExplodedViewNames() override {
+        std::vector<std::u16string> names;
+        for (const ExplodedViewRecord& view : document_.explodedViews) {
+            names.push_back(view.name);
+        }
+        if (&document_ == &session_->opened()) {
+            session_->studies->restartExplodedViews();
+        }
+        return names;
+    }
+
 private:
     SessionRef session_;
     const ModelDocument& document_;
@@ -64,6 +78,9 @@ public:
     }
     std::vector<HostRef<HostAnnotation>> annotations() const override {
         return makeAnnotations(session_, document_);
+    }
+    HostRef<HostObject> studyManagerObject() override {
+        return &document_ == &session_->opened() ? makeStudyManager(session_) : HostRef<HostObject>();
     }
 
 private:

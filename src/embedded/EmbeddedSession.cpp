@@ -14,6 +14,7 @@ EmbeddedSession::EmbeddedSession(Model openedModel, std::u16string folder)
     if (document.view) {
         screen.show(*document.view);
     }
+    studies.emplace(document, document.kind == DocumentKind::assembly ? &componentsOf(document) : nullptr);
 }
 
 ComponentInstances& EmbeddedSession::componentsOf(const ModelDocument& assembly) {
@@ -44,6 +45,9 @@ void EmbeddedSession::applyDisplayState(std::size_t position) {
     activeDisplayState = position;
     if (opened().kind == DocumentKind::assembly) {
         componentsOf(opened()).apply(configurationOf(opened()), displayStateOf(opened()));
+    }
+    if (StudyPlayback* const playback = studies ? studies->playback() : nullptr) {
+        playback->forgetPlacements();
     }
 }
 

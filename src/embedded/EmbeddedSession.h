@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded/ComponentInstances.h"
+#include "embedded/EmbeddedStudies.h"
 #include "embedded/ModelRecords.h"
 #include "host/HostMathUtility.h"
 #include "host/HostModelDoc.h"
@@ -53,6 +54,7 @@ struct EmbeddedSession {
     std::unordered_map<const FaceRecord*, std::int32_t>
         faceMarks; ///< those that differ from the face's own value
     ScreenState screen;
+    std::optional<EmbeddedStudies> studies; ///< of the opened document; there from the start
 
 private:
     std::unordered_map<const ModelDocument*, ComponentInstances> components_; ///< made when asked for
@@ -82,6 +84,8 @@ HostRef<HostTransform> makeTransform(const Placement& placement);
 HostRef<HostMathPoint> makePoint(const Vector3& coordinates);
 HostRef<HostMathVector> makeVector(const Vector3& coordinates);
 HostRef<HostMathUtility> makeMathUtility();
+/// What manages the motion studies of the opened document.
+HostRef<HostObject> makeStudyManager(const SessionRef& session);
 /// An appearance that `document` holds.
 HostRef<HostAppearance> makeAppearance(const SessionRef& session, const ModelDocument& document,
                                        const AppearanceRecord& appearance);

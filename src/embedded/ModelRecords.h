@@ -158,7 +158,7 @@ struct TrackRecord {
 struct MotionStudyRecord {
     std::u16string name;
     double duration = 0;
-    double frameRate = 24;
+    std::int32_t frameRate = 24;
     double time = 0;
     std::vector<TrackRecord> tracks;
 };
@@ -170,7 +170,7 @@ struct ExplodeStepRecord {
 
 struct ExplodedViewRecord {
     std::u16string name;
-    double frameRate = 24;
+    std::int32_t frameRate = 24;
     std::vector<ExplodeStepRecord> steps;
 };
 

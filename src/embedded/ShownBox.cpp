@@ -59,7 +59,8 @@ std::optional<HostBox> shownBox(EmbeddedSession& session, const ModelDocument& d
         const ModelDocument* part = instance.record->document;
         if (part && part->kind == DocumentKind::part && instance.isLoaded() && !instance.suppressed &&
             !instance.hidden) {
-            const Placement* own = instance.placement                   ? instance.placement
+            const Placement* shown = instance.shownPlacement();
+            const Placement* own = shown                                ? shown
                                    : instance.record->placementFallback ? &*instance.record->placementFallback
                                                                         : &kIdentityPlacement;
             const Placement placement = components.inRootSpace(static_cast<std::int32_t>(i), *own);

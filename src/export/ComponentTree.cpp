@@ -142,6 +142,9 @@ void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& co
     nameNode(node, component ? component->componentName() : context.title);
     const ParentNode self{node.id, placeNode(context, node, component.get(), parent),
                           componentMaterial(context, component, parent)};
+    if (context.nodeOrigins && component) {
+        context.nodeOrigins->try_emplace(node.id, NodeOrigin{component, self.world});
+    }
     if (hasGeometry) {
         // An appearance of the root component itself reaches only what stands below it.
         buildMesh(context, node, component, part, thisDoc, parent ? self.material : nullptr);

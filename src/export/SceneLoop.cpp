@@ -5,6 +5,7 @@
 #include "document/AsciiNames.h"
 #include "export/ComponentStates.h"
 #include "export/ComponentTree.h"
+#include "export/SceneMotion.h"
 #include "metadata/CustomProperties.h"
 #include "views/Lights.h"
 
@@ -29,6 +30,7 @@ void buildPartNodes(ExportContext& context, const HostConfiguration& configurati
         collectCustomProperties(configuration, scene);
         buildComponentTree(context, {}, part, scene.nodes, nullptr);
         collectSceneComments(context.document, scene.nodes, context.nodeDocuments);
+        sampleMotion(context, configuration, scene);
     }
 }
 
@@ -50,6 +52,7 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
         collectCustomProperties(configuration, scene);
         buildComponentTree(context, root, {}, scene.nodes, nullptr);
         collectSceneComments(context.document, scene.nodes, context.nodeDocuments);
+        sampleMotion(context, configuration, scene);
         // The next scene gathers afresh: another display state may give other appearances.
         context.appearances.Clear(true);
     }
@@ -61,6 +64,7 @@ void buildScene(ExportContext& context, HostConfiguration& configuration, const 
     configuration.applyDisplayState(config.displayStateNames[state]);
     context.modelBounds.reset();
     context.nodeDocuments.clear();
+    expectMotion(context);
     GltfScene scene = config;
     scene.name = config.name + " - " + config.displayStates[state];
     if (context.isAssembly) {

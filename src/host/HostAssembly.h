@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace orvane {
@@ -18,6 +19,9 @@ public:
     virtual std::vector<HostRef<HostComponent>> components() const = 0;
     /// The box of all that is shown, in the root's space; nothing when that is nothing.
     virtual std::optional<HostBox> assemblyBox() const = 0;
+
+    virtual std::int32_t countExplodedViews() const = 0;
+    virtual std::vector<std::u16string> listExplodedViewNames() = 0;
 };
 
 } // namespace orvane

@@ -30,6 +30,7 @@ public:
     /// Full path of the document; empty when there is none.
     virtual std::u16string documentPath() const = 0;
 
+    virtual std::int16_t isRootComponent() const = 0;
     virtual std::int16_t isLoaded() const = 0;
     virtual std::int16_t isSuppressed() const = 0;
     virtual std::int16_t isHidden(std::int16_t flag) const = 0;

@@ -4,6 +4,7 @@
 #include "host/HostCustomProperties.h"
 #include "host/HostRef.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ public:
     virtual HostRef<HostComponent> getRootComponent() const = 0;
     /// Empty when the configuration has no custom properties to manage.
     virtual HostRef<HostCustomProperties> customProperties() const = 0;
+    /// The steps of the exploded views that the configuration has.
+    virtual std::int32_t countExplodeSteps() const = 0;
 };
 
 } // namespace orvane

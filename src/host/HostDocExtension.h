@@ -17,6 +17,9 @@ public:
 
     virtual std::int32_t annotationCount() const = 0;
     virtual std::vector<HostRef<HostAnnotation>> annotations() const = 0;
+    /// What manages the document's motion studies, to be taken in the role `HostMotionStudyManager`; empty
+    /// when there is none.
+    virtual HostRef<HostObject> studyManagerObject() = 0;
 };
 
 } // namespace orvane

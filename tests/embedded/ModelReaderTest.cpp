@@ -231,7 +231,7 @@ TEST(ModelReader, ViewsLightsMotionAndTables) {
         "lights": [{"name": "L", "userName": "U", "type": "spot", "level": 0.5, "color": [1, 0.5, 0], "position": [1, 2, 3],
             "direction": [4, 5, 6], "coneAngle": 30, "attenuation": [7, 8, 9], "intensity": 11, "on": false},
             {"type": 1234}, {"type": "point"}, {"type": "directional"}, {"type": "ambient"}],
-        "motionStudies": [{"name": "M", "duration": -2.5, "frameRate": -0.5, "time": 1, "tracks": [
+        "motionStudies": [{"name": "M", "duration": -2.5, "frameRate": 30.0, "time": 1, "tracks": [
             {"component": "c", "interpolation": "step", "keys": [{"time": -1}, {"time": 0.5, "placement": {"translate": [1, 0, 0]}}]},
             {"component": "c"}, {"keys": [{}]}]}, {"frameRate": 0}],
         "explodedViews": [{"name": "E", "frameRate": 12, "steps": [{"components": ["c"], "translate": [0, 0, 1]}, {}]}],
@@ -257,7 +257,7 @@ TEST(ModelReader, ViewsLightsMotionAndTables) {
     EXPECT_TRUE(document.lights[2].type == 3 && document.lights[3].type == 4 && document.lights[4].type == 1);
 
     const MotionStudyRecord& study = document.motionStudies.at(0);
-    EXPECT_TRUE(study.name == u"M" && study.duration == -2.5 && study.frameRate == -0.5 && study.time == 1);
+    EXPECT_TRUE(study.name == u"M" && study.duration == -2.5 && study.frameRate == 30 && study.time == 1);
     ASSERT_EQ(study.tracks.size(), 1u); // the two that move nothing are left out
     EXPECT_TRUE(study.tracks[0].component == u"c" &&
                 study.tracks[0].interpolation == TrackInterpolation::step);

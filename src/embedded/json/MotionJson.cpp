@@ -4,6 +4,8 @@
 #include "embedded/json/JsonCursor.h"
 #include "embedded/json/PlacementJson.h"
 
+#include <limits>
+
 namespace orvane {
 
 void readValue(const JsonCursor& value, TrackKey& key) {
@@ -13,6 +15,13 @@ void readValue(const JsonCursor& value, TrackKey& key) {
 }
 
 namespace {
+
+/// The host answers a rate as a 32-bit number, and a clock does not run backwards.
+void readFrameRate(const JsonCursor& value, std::int32_t& frameRate) {
+    value.with("frameRate", [&](const JsonCursor& rate) {
+        frameRate = static_cast<std::int32_t>(rate.integer(0, std::numeric_limits<std::int32_t>::max()));
+    });
+}
 
 void readKeys(const JsonCursor& list, std::vector<TrackKey>& keys) {
     readValue(list, keys);
@@ -40,7 +49,7 @@ void readValue(const JsonCursor& value, MotionStudyRecord& study) {
     value.expectObject({"name", "duration", "frameRate", "time", "tracks"});
     value.read("name", study.name);
     value.read("duration", study.duration);
-    value.read("frameRate", study.frameRate);
+    readFrameRate(value, study.frameRate);
     value.read("time", study.time);
     value.read("tracks", study.tracks);
     std::erase_if(study.tracks,
@@ -56,7 +65,7 @@ void readValue(const JsonCursor& value, ExplodeStepRecord& step) {
 void readValue(const JsonCursor& value, ExplodedViewRecord& view) {
     value.expectObject({"name", "frameRate", "steps"});
     value.read("name", view.name);
-    value.read("frameRate", view.frameRate);
+    readFrameRate(value, view.frameRate);
     value.read("steps", view.steps);
 }
 

@@ -1,0 +1,196 @@
+#include "animation/KeyBuilding.h"
+
+#include "support/MotionFixture.h"
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace orvane {
+namespace {
+
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::FieldsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+struct KeyBuilding : MotionFixture {
+    KeyBuilding() {
+        ModelBuilder builder;
+        ModelDocument& assembly = builder.assembly(u"top.tfgasm");
+        assembly.components = {ModelBuilder::component(u"a", nullptr, moved(0, 0, 7))};
+        open(builder.take());
+        rootTransform = transform(moved(0, 100, 0));
+    }
+
+    /// A track of a node: one key a placement, in frames 0, 1, 2 ... at as many seconds.
+    NodeXformTrack& track(std::int32_t nodeId, const std::vector<Placement>& placements) {
+        animation.trackByNode[nodeId] = animation.xforms.size();
+        NodeXformTrack& made = animation.xforms.emplace_back();
+        made.node = nodeId;
+        made.interpolation = Interpolation::step;
+        for (const Placement& placement : placements) {
+            const auto frame = static_cast<std::int32_t>(made.keys.size());
+            made.keys.push_back({transform(placement), static_cast<double>(frame), frame});
+        }
+        return made;
+    }
+
+    NodeXformTrack& trackAlongX(const std::vector<double>& xs) {
+        std::vector<Placement> placements;
+        for (const double x : xs) {
+            placements.push_back(moved(x, 0, 0));
+        }
+        return track(node("n").id, placements);
+    }
+
+    /// Time and x of the keys of the only channel, or nothing where there is none.
+    std::vector<std::pair<double, double>> built(bool accumulate = false) {
+        buildKeys(animation, motion(), accumulate);
+        std::vector<std::pair<double, double>> keys;
+        EXPECT_LE(animation.channels.size(), 1u);
+        for (const KeyedChannel& channel : animation.channels) {
+            EXPECT_EQ(channel.record.path, ChannelPath::translation);
+            EXPECT_EQ(channel.record.interpolation, Interpolation::step);
+            for (const ChannelKey& key : channel.keys) {
+                keys.emplace_back(key.time, key.x);
+            }
+        }
+        return keys;
+    }
+
+    AnimationTracks animation;
+};
+
+TEST_F(KeyBuilding, EndsARunOfEqualValuesWhereItStops) {
+    trackAlongX({1, 1, 1, 2, 2, 3, 3, 3});
+    EXPECT_THAT(built(), ElementsAre(Pair(0, 1), Pair(2, 1), Pair(3, 2), Pair(4, 2), Pair(5, 3)))
+        << "and leaves only the first key of a run that lasts to the end";
+}
+
+TEST_F(KeyBuilding, ComparesWithTheLastKeptKey) {
+    trackAlongX({0, 0.00006, 0.0001, 0.00013, 0.0002});
+    EXPECT_THAT(built(), ElementsAre(Pair(0, 0), Pair(2, 0), Pair(3, 0.00013)));
+}
+
+TEST_F(KeyBuilding, LeavesOutWhatNeverMovesAndKeepsTheSmallestChange) {
+    trackAlongX({5, 5, 5});
+    EXPECT_THAT(built(), IsEmpty());
+    trackAlongX({5, 6});
+    EXPECT_THAT(built(), ElementsAre(Pair(0, 5), Pair(1, 6)));
+}
+
+TEST_F(KeyBuilding, TakesTheFrameNumberForATimeBelowZero) {
+    trackAlongX({1, 2, 3}).keys[1].time = -0.5;
+    animation.xforms[0].keys[2].time = -0.0;
+    EXPECT_THAT(built(), ElementsAre(Pair(0, 1), Pair(1, 2), Pair(0, 3)));
+}
+
+TEST_F(KeyBuilding, GivesRotationsTheSenseOfTheHost) {
+    Placement scaledAndTurned = turned(4, 0, 0);
+    scaledAndTurned[12] = 3;
+    track(node("n").id, {moved(4, 0, 0), scaledAndTurned, scaledAndTurned, moved(4, 0, 0)});
+    buildKeys(animation, motion(), false);
+    ASSERT_EQ(animation.channels.size(), 1u) << "scale makes no channel, and the translation stays";
+    EXPECT_EQ(animation.channels[0].record.path, ChannelPath::rotation);
+    const double half = std::sqrt(0.5);
+    EXPECT_THAT(animation.channels[0].keys,
+                ElementsAre(FieldsAre(0, 0, 0, 0, 1),
+                            FieldsAre(1, 0, 0, DoubleNear(half, 1e-12), DoubleNear(half, 1e-12)),
+                            FieldsAre(2, 0, 0, DoubleNear(half, 1e-12), DoubleNear(half, 1e-12)),
+                            FieldsAre(3, 0, 0, 0, 1)));
+}
+
+TEST_F(KeyBuilding, PutsTranslationBeforeRotationTrackByTrack) {
+    const std::int32_t parent = node("p").id;
+    const std::int32_t child = node("p/c", parent).id;
+    track(child, {moved(1, 0, 0), turned(2, 0, 0)});
+    track(parent, {moved(0, 0, 0), moved(0, 0, 1)});
+    buildKeys(animation, motion(), false);
+    std::vector<std::pair<std::int32_t, ChannelPath>> order;
+    for (const KeyedChannel& channel : animation.channels) {
+        order.emplace_back(channel.record.node, channel.record.path);
+    }
+    EXPECT_THAT(order, ElementsAre(Pair(child, ChannelPath::translation), Pair(child, ChannelPath::rotation),
+                                   Pair(parent, ChannelPath::translation)));
+    EXPECT_EQ(animation.channels[0].keys[1].z, -1) << "relative to where the parent is in the same frame";
+}
+
+/// Keys in frames 2, 2, 5 and 7; the x of a placement is the position of its key.
+struct ParentPlacement : KeyBuilding {
+    ParentPlacement() {
+        parent = node("a").id;
+        NodeXformTrack& keys =
+            track(parent, {moved(0, 0, 0), moved(1, 0, 0), moved(2, 0, 0), moved(3, 0, 0)});
+        const std::int32_t frames[] = {2, 2, 5, 7};
+        for (std::size_t i = 0; i < 4; ++i) {
+            keys.keys[i].frame = frames[i];
+        }
+    }
+
+    /// The placement at a frame: x, y, z; nothing where there is none.
+    std::optional<std::array<double, 3>> at(std::int32_t frame) {
+        ParentPlacements placements(animation, motion(), parent);
+        const HostRef<HostTransform> found = placements.parentTransformAt(frame);
+        if (!found) {
+            return std::nullopt;
+        }
+        const TransformNumbers m = found->readArray();
+        return std::array<double, 3>{m[9], m[10], m[11]};
+    }
+
+    std::int32_t parent = -1;
+};
+
+TEST_F(ParentPlacement, IsThatOfTheFirstKeyAtTheFrameElseOfTheOneBefore) {
+    const std::pair<std::int32_t, double> expected[] = {{2, 0}, {3, 1}, {4, 1}, {5, 2},
+                                                        {6, 2}, {7, 3}, {99, 3}};
+    for (const auto& [frame, x] : expected) {
+        EXPECT_THAT(at(frame), testing::Optional(ElementsAre(x, 0, 0))) << frame;
+    }
+}
+
+TEST_F(ParentPlacement, RestsWhereThereIsNoKeyYet) {
+    EXPECT_EQ(at(1), std::nullopt);
+    origins[parent].world = transform(moved(9, 9, 9));
+    EXPECT_THAT(at(1), testing::Optional(ElementsAre(9, 9, 9)));
+    origins[parent].component = configuration->getRootComponent()->getChildren().at(0);
+    EXPECT_THAT(at(1), testing::Optional(ElementsAre(0, 100, 7))) << "through the root transform";
+    animation.trackByNode.clear();
+    EXPECT_THAT(at(5), testing::Optional(ElementsAre(0, 100, 7)));
+}
+
+TEST_F(KeyBuilding, MultipliesStepsUp) {
+    trackAlongX({1, 1, 2}).keys[1].synthetic = true;
+    origins[0].world = transform(moved(10, 0, 0));
+    EXPECT_THAT(built(true), ElementsAre(Pair(0, 11), Pair(1, 1), Pair(2, 13)))
+        << "from the node's own placement on, and past synthetic keys";
+}
+
+TEST_F(KeyBuilding, CompletesTracksOfStepsToTheirBeginning) {
+    const auto trackFrom = [&](std::int32_t frame) {
+        trackAlongX({1}).keys[0].frame = frame;
+        origins[animation.xforms.back().node].world = transform(moved(frame, 0, 0));
+    };
+    for (const std::int32_t frame : {7, 0, 1, 4}) {
+        trackFrom(frame);
+    }
+    animation.xforms.emplace_back();
+    completeKeys(animation, motion());
+    std::vector<std::vector<std::int32_t>> frames;
+    for (const NodeXformTrack& track : animation.xforms) {
+        std::vector<std::int32_t>& list = frames.emplace_back();
+        for (const XformKey& key : track.keys) {
+            list.push_back(key.frame);
+            EXPECT_EQ(key.synthetic, &key != &track.keys.back());
+            EXPECT_EQ(key.time < 0, key.synthetic);
+        }
+    }
+    EXPECT_THAT(frames, ElementsAre(ElementsAre(0, 4, 7), ElementsAre(0), ElementsAre(0, 1),
+                                    ElementsAre(0, 1, 4), IsEmpty()));
+    EXPECT_EQ(animation.xforms[0].keys[1].global->readArray()[9], 7);
+}
+
+} // namespace
+} // namespace orvane

@@ -1,0 +1,303 @@
+#include "embedded/EmbeddedHost.h"
+#include "embedded/PlacementMath.h"
+#include "host/HostMotionStudyManager.h"
+#include "support/ModelBuilder.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <numbers>
+#include <string>
+#include <vector>
+
+namespace orvane {
+namespace {
+
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::Pointwise;
+
+TrackRecord track(const std::u16string& component, std::vector<TrackKey> keys,
+                  TrackInterpolation interpolation = TrackInterpolation::linear) {
+    return {component, interpolation, std::move(keys)};
+}
+
+/// A turn about z for row vectors, then a scale.
+Placement spun(double degrees, double scale = 1) {
+    const double angle = degrees * std::numbers::pi / 180;
+    Placement placement = kIdentityPlacement;
+    placement[0] = placement[4] = std::cos(angle);
+    placement[1] = std::sin(angle);
+    placement[3] = -std::sin(angle);
+    placement[12] = scale;
+    return placement;
+}
+
+/// An arm on a turned base, with a hand on it, and a study that moves both.
+struct Motion : testing::Test {
+    Motion() {
+        assembly.components = {ModelBuilder::component(u"base", nullptr, turned(10, 0, 0))};
+        assembly.components[0].components = {ModelBuilder::component(u"arm", nullptr, moved(1, 2, 3))};
+        assembly.components[0].components->front().components = {
+            ModelBuilder::component(u"hand", nullptr, moved(0.1, 0.7, 0.3))};
+    }
+
+    void open() {
+        host = openEmbeddedHost(builder.take());
+        document = host->activeDocument();
+        manager = inRole<HostMotionStudyManager>(document->extension()->studyManagerObject());
+    }
+
+    /// The only study, entered.
+    HostRef<HostMotionStudy> enter(std::vector<TrackRecord> tracks) {
+        assembly.motionStudies = {{.name = u"S", .duration = 4, .time = 0.5, .tracks = std::move(tracks)}};
+        open();
+        const HostRef<HostMotionStudy> study = manager->findStudyByName(u"S");
+        EXPECT_NE(study->enterStudy(), 0);
+        return study;
+    }
+
+    /// What the component at that depth in the chain answers.
+    TransformNumbers placement(int level) const {
+        HostRef<HostComponent> component = document->getActiveConfiguration()->getRootComponent();
+        for (int i = 0; i <= level; ++i) {
+            component = component->getChildren().at(0);
+        }
+        const HostRef<HostTransform> answered = component->getPlacement(-1);
+        return answered ? answered->readArray() : TransformNumbers{};
+    }
+
+    ModelBuilder builder;
+    ModelDocument& assembly = builder.assembly(u"robot.tfgasm");
+    HostRef<HostApplication> host;
+    HostRef<HostModelDoc> document;
+    HostRef<HostMotionStudyManager> manager;
+};
+
+TEST_F(Motion, MovesFromKeyToKeyAndHoldsBeyondThem) {
+    const Placement mirrored = {-1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
+    const HostRef<HostMotionStudy> study =
+        enter({track(u"base", {{1, spun(350)}, {2, spun(30, 3)}, {2.5, moved(4, 0, 0)}, {3.5, mirrored}})});
+    const auto at = [&](double time) {
+        study->seekStudyTime(time);
+        return placement(0);
+    };
+    EXPECT_EQ(at(0), spun(350)) << "before the first key";
+    EXPECT_EQ(at(2), spun(30, 3)) << "at a key";
+    EXPECT_EQ(at(99), mirrored) << "after the last key";
+    EXPECT_THAT(at(1.75), Pointwise(DoubleNear(1e-12), spun(20, 2.5))) << "along the shorter arc";
+    EXPECT_THAT(at(3), ElementsAre(0, 0, 0, 0, 1, 0, 0, 0, 1, 2, 0, 0, 1, 0, 0, 0))
+        << "numbers move by themselves where there is no arc";
+}
+
+TEST_F(Motion, TurnsMirroredBlocksAndEveryHalfTurn) {
+    Placement mirror = kIdentityPlacement;
+    mirror[8] = -1;
+    const auto along = [&](const Placement& from, const Placement& to, double fraction) {
+        const HostRef<HostMotionStudy> study = enter({track(u"base", {{0, from}, {1, to}})});
+        study->seekStudyTime(fraction);
+        return placement(0);
+    };
+    EXPECT_THAT(along(multiplyPlacements(mirror, spun(10)), multiplyPlacements(mirror, spun(50)), 0.25),
+                Pointwise(DoubleNear(1e-12), multiplyPlacements(mirror, spun(20))));
+}
+
+TEST_F(Motion, TurnsAboutEveryAxis) {
+    const double half = std::sqrt(0.5);
+    const Placement halfTurns[] = {{1, 0, 0, 0, -1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0},
+                                   {-1, 0, 0, 0, 1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0},
+                                   {-1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0}};
+    std::vector<TrackKey> keys = {{0, kIdentityPlacement}};
+    for (const Placement& turn : halfTurns) {
+        keys.push_back({keys.back().time + 1, turn});
+    }
+    const HostRef<HostMotionStudy> study = enter({track(u"base", keys)});
+    for (double time = 0.25; time < 3; time += 0.5) {
+        study->seekStudyTime(time);
+        const TransformNumbers m = placement(0);
+        const auto before = keys[static_cast<std::size_t>(time)].placement;
+        double trace = 0; // of the turn since the last key
+        for (std::size_t i = 0; i < 9; ++i) {
+            trace += m[i] * before[i];
+        }
+        EXPECT_NEAR(trace, 1 + (time - std::floor(time) < 0.5 ? 2 * half : -2 * half), 1e-12) << time;
+    }
+}
+
+TEST_F(Motion, StepsWhereATrackSaysSo) {
+    const HostRef<HostMotionStudy> study =
+        enter({track(u"base", {{1, moved(1, 0, 0)}, {2, moved(2, 0, 0)}}, TrackInterpolation::step)});
+    std::vector<double> xs;
+    for (const double time : {0.0, 1.0, 1.99, 2.0, 3.0}) {
+        study->seekStudyTime(time);
+        xs.push_back(placement(0)[9]);
+    }
+    EXPECT_THAT(xs, ElementsAre(1, 1, 1, 2, 2));
+}
+
+TEST_F(Motion, AnswersPlacementsMultipliedFromTheComponentUp) {
+    const HostRef<HostMotionStudy> study =
+        enter({track(u"base/arm", {{0, spun(0)}, {3, spun(77, 1.3)}}),
+               track(u"base/arm/hand", {{0, spun(9)}, {3, moved(1, 3, 7)}})});
+    study->seekStudyTime(1.7);
+    const Placement arm = placement(1);
+    const Placement base = turned(10, 0, 0);
+    Placement own[2];
+    {
+        // What the tracks give by themselves, by asking for them in an assembly without parents.
+        ModelBuilder flat;
+        ModelDocument& top = flat.assembly(u"flat.tfgasm");
+        top.components = {ModelBuilder::component(u"arm"), ModelBuilder::component(u"hand")};
+        top.motionStudies = assembly.motionStudies;
+        top.motionStudies[0].tracks[0].component = u"arm";
+        top.motionStudies[0].tracks[1].component = u"hand";
+        const HostRef<HostApplication> other = openEmbeddedHost(flat.take());
+        const auto doc = other->activeDocument();
+        const auto s =
+            inRole<HostMotionStudyManager>(doc->extension()->studyManagerObject())->findStudyByName(u"S");
+        s->enterStudy();
+        s->seekStudyTime(1.7);
+        const auto children = doc->getActiveConfiguration()->getRootComponent()->getChildren();
+        own[0] = children[0]->getPlacement(0)->readArray();
+        own[1] = children[1]->getPlacement(0)->readArray();
+    }
+    EXPECT_EQ(arm, multiplyPlacements(own[0], base));
+    EXPECT_EQ(placement(2), multiplyPlacements(multiplyPlacements(own[1], own[0]), base))
+        << "to the last bit";
+    EXPECT_EQ(placement(2), placement(2)) << "asked for again";
+}
+
+TEST_F(Motion, PutsPlacementsBackWhenItIsLeft) {
+    const HostRef<HostMotionStudy> study = enter({track(u"base", {{0, moved(5, 0, 0)}})});
+    const Placement handAtRest =
+        multiplyPlacements(multiplyPlacements(moved(0.1, 0.7, 0.3), moved(1, 2, 3)), turned(10, 0, 0));
+    EXPECT_EQ(study->readStudyTime(), 0.5);
+    EXPECT_EQ(placement(0), turned(10, 0, 0)) << "nothing moves before a time is sought";
+    EXPECT_EQ(placement(2), handAtRest);
+    study->seekStudyTime(2);
+    EXPECT_EQ(placement(0), moved(5, 0, 0));
+    EXPECT_NE(placement(2), handAtRest);
+    document->getActiveConfiguration()->applyDisplayState(u"Display State 1");
+    EXPECT_EQ(placement(0), moved(5, 0, 0)) << "a display state does not end a study";
+    EXPECT_NE(study->leaveStudy(), 0);
+    EXPECT_EQ(placement(0), turned(10, 0, 0));
+    EXPECT_EQ(placement(2), handAtRest);
+    EXPECT_EQ(study->leaveStudy(), 0);
+    study->seekStudyTime(3);
+    EXPECT_EQ(study->readStudyTime(), 3);
+    EXPECT_EQ(placement(0), turned(10, 0, 0)) << "a study that is not entered moves nothing";
+}
+
+TEST_F(Motion, LeavesAStudyWhenAnotherOneIsEntered) {
+    assembly.motionStudies = {{.name = u"A", .tracks = {track(u"base", {{0, moved(1, 0, 0)}})}},
+                              {.name = u"B", .tracks = {track(u"base/arm", {{0, moved(0, 0, 0)}})}}};
+    open();
+    const HostRef<HostMotionStudy> a = manager->findStudyByName(u"A");
+    a->enterStudy();
+    a->seekStudyTime(0);
+    manager->findStudyByName(u"B")->enterStudy();
+    EXPECT_EQ(placement(0), turned(10, 0, 0));
+    EXPECT_EQ(a->leaveStudy(), 0);
+}
+
+TEST_F(Motion, GivesAPlacementToAComponentWithoutOne) {
+    assembly.components[0].placement.reset();
+    const HostRef<HostMotionStudy> study = enter({track(u"base", {{0, moved(5, 0, 0)}})});
+    EXPECT_EQ(placement(0), TransformNumbers{});
+    study->seekStudyTime(0);
+    EXPECT_EQ(placement(0), moved(5, 0, 0));
+    EXPECT_EQ(placement(1), moved(6, 2, 3));
+}
+
+struct ExplodedView : Motion {
+    /// The next view's study, as an export makes it: entered at the given time.
+    HostRef<HostMotionStudy> play(double time, bool explode = true) {
+        const HostRef<HostMotionStudy> study = manager->createStudy();
+        study->generateExplodeMotion(explode, 4, 0);
+        study->nameStudy(u"Temporary");
+        study->computeStudy();
+        study->enterStudy();
+        study->seekStudyTime(time);
+        return study;
+    }
+    std::vector<double> position(int level) const {
+        const TransformNumbers m = placement(level);
+        return {m[9], m[10], m[11]};
+    }
+};
+
+TEST_F(ExplodedView, MovesItsStepsOneAfterTheOtherInTheSpaceOfTheRoot) {
+    assembly.explodedViews = {{.name = u"E",
+                               .frameRate = 7,
+                               .steps = {{{u"base/arm"}, {8, 0, 0}},
+                                         {{u"base/arm/hand", u"base"}, {0, 4, 0}},
+                                         {{u"base/arm"}, {0, 0, 1}},
+                                         {}}}};
+    open();
+    document->assemblyInterface()->listExplodedViewNames();
+    const HostRef<HostMotionStudy> study = play(0);
+    const auto armAt = [&](double time) {
+        study->seekStudyTime(time);
+        return position(1);
+    };
+    EXPECT_THAT(armAt(0), ElementsAre(8, 1, 3)) << "the base is turned";
+    EXPECT_THAT(armAt(0.5), ElementsAre(12, 1, 3));
+    EXPECT_THAT(armAt(1.5), ElementsAre(16, 3, 3)) << "moves with its parent";
+    EXPECT_THAT(armAt(2.75), ElementsAre(16, 5, 3.75));
+    EXPECT_THAT(armAt(4), ElementsAre(16, 5, 4));
+    study->seekStudyTime(2);
+    EXPECT_THAT(position(0), ElementsAre(10, 4, 0));
+    EXPECT_EQ(study->readStudyDuration(), 4);
+    EXPECT_EQ(study->studyProperties(1)->readFrameRate(), 7);
+    study->seekStudyTime(1);
+    const std::vector<double> hand = position(2);
+    study->seekStudyTime(2);
+    EXPECT_THAT(position(2), ElementsAre(hand[0], hand[1] + 4, hand[2]))
+        << "once, though named with its base";
+}
+
+TEST_F(ExplodedView, GoesBackTogetherTheSameWay) {
+    assembly.explodedViews = {{.name = u"E", .steps = {{{u"base"}, {4, 0, 0}}, {{u"base"}, {0, 8, 0}}}}};
+    open();
+    const HostRef<HostMotionStudy> study = play(0, false);
+    EXPECT_THAT(position(0), ElementsAre(14, 8, 0));
+    study->seekStudyTime(3);
+    EXPECT_THAT(position(0), ElementsAre(12, 0, 0));
+    study->seekStudyTime(4);
+    EXPECT_THAT(position(0), ElementsAre(10, 0, 0));
+}
+
+TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
+    assembly.explodedViews = {{.name = u"First", .steps = {{{u"base"}, {1, 0, 0}}}},
+                              {.name = u"Second", .steps = {{{u"base"}, {2, 0, 0}}}}};
+    assembly.motionStudies = {{.name = u"Temporary", .duration = 9}};
+    open();
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_THAT(document->assemblyInterface()->listExplodedViewNames(), ElementsAre(u"First", u"Second"));
+        for (const double moved : {1.0, 2.0}) {
+            play(4);
+            EXPECT_THAT(position(0), ElementsAre(10 + moved, 0, 0));
+            EXPECT_EQ(manager->countStudies(), 2);
+            EXPECT_NE(manager->deleteStudyByName(u"Temporary"), 0);
+            EXPECT_THAT(position(0), ElementsAre(10, 0, 0)) << "a study that is taken out is left";
+        }
+    }
+    EXPECT_THAT(manager->listStudyNames(), ElementsAre(u"Temporary"));
+    EXPECT_EQ(manager->findStudyByName(u"Temporary")->readStudyDuration(), 9);
+    EXPECT_EQ(manager->createStudy()->generateExplodeMotion(true, 4, 0), 0) << "no view is left";
+    EXPECT_EQ(manager->deleteStudyByName(u"Unknown"), 0);
+}
+
+TEST_F(ExplodedView, CountsItsStepsUnlessTheConfigurationTells) {
+    assembly.explodedViews = {{.name = u"A", .steps = {{}, {}}}, {.name = u"B", .steps = {{}}}};
+    assembly.configurations.push_back(ModelBuilder::configuration(u"Told", {}));
+    assembly.configurations[1].explodeSteps = 7;
+    open();
+    EXPECT_EQ(document->assemblyInterface()->countExplodedViews(), 2);
+    EXPECT_EQ(document->getConfigurationByName(u"Default")->countExplodeSteps(), 3);
+    EXPECT_EQ(document->getConfigurationByName(u"Told")->countExplodeSteps(), 7);
+}
+
+} // namespace
+} // namespace orvane
