@@ -4,6 +4,7 @@
 #include "geometry/AffineDecomposition.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace orvane {
@@ -73,18 +74,20 @@ private:
     double stopTime_ = 0;
 };
 
+std::optional<ParentPlacements> parentOf(const AnimationTracks& animation, const MotionScene& motion,
+                                         std::int32_t node) {
+    const std::int32_t parent = motion.document.nodes[static_cast<std::size_t>(node)]->parent;
+    return parent < 0 ? std::nullopt
+                      : std::optional<ParentPlacements>(std::in_place, animation, motion, parent);
+}
+
 /// Places the frames of one track relative to the parent. A frame that shares its objects with the one before
 /// is not worked out again.
 class LocalKeys {
 public:
     LocalKeys(const AnimationTracks& animation, const MotionScene& motion,
               const HostRef<HostMathUtility>& math, std::int32_t node)
-        : math_(math) {
-        const std::int32_t parent = motion.document.nodes[static_cast<std::size_t>(node)]->parent;
-        if (parent >= 0) {
-            parent_.emplace(animation, motion, parent);
-        }
-    }
+        : math_(math), parent_(parentOf(animation, motion, node)) {}
 
     const PlacementKeys& of(const XformKey& key) {
         HostRef<HostTransform> parent =
