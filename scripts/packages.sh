@@ -6,6 +6,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libfreeima
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
 NODE_PACKAGES=(nodejs npm ca-certificates) # certificates, for npm to reach its registry
 
+BROWSER_PACKAGES=(chromium)
+
 # Prints those of the packages given that are not installed.
 missing_packages() {
     local name
@@ -39,6 +41,20 @@ require_packages() {
     run_logged "$log" "${as_root[@]}" apt-get update &&
         run_logged "$log" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
             apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+# require_modules LOG FOLDER PACKAGE_JSON WHAT: puts npm modules into a folder of their own; again when the wanted versions change.
+require_modules() {
+    local log=$1 folder=$2 wanted=$3 what=$4
+    if cmp -s "$wanted" "$folder/package.json"; then
+        return 0
+    fi
+    rm -rf "$folder"
+    mkdir -p "$folder/new"
+    cp "$wanted" "$folder/new/"
+    printf 'Installing %s (log: %s)\n' "$what" "$log" >&2
+    run_logged "$log" npm install --prefix "$folder/new" --no-package-lock --no-audit --no-fund --ignore-scripts
+    mv "$folder/new"/* "$folder/"
 }
 
 # run_logged LOG COMMAND...: appends the command's output to LOG; shows the end of it when the command fails.

@@ -11,21 +11,14 @@ mkdir -p "$root/build"
 log=$root/build/render.log
 : >"$log"
 
-packages=(chromium pngquant)
+packages=("${BROWSER_PACKAGES[@]}" pngquant)
 if ! command -v npm >/dev/null; then
     packages+=("${NODE_PACKAGES[@]}")
 fi
 require_packages "$log" "${packages[@]}"
 
 modules=$root/build/render
-if ! cmp -s "$here/package.json" "$modules/package.json"; then
-    rm -rf "$modules"
-    mkdir -p "$modules/new"
-    cp "$here/package.json" "$modules/new/"
-    printf 'Installing three.js (log: %s)\n' "$log" >&2
-    run_logged "$log" npm install --prefix "$modules/new" --no-package-lock --no-audit --no-fund --ignore-scripts
-    mv "$modules/new"/* "$modules/"
-fi
+require_modules "$log" "$modules" "$here/package.json" three.js
 node "$here/render.mjs" "$modules" "$@"
 # 256 colours are enough for a page, and a third of the size.
 pngquant --speed 1 --strip --force --output "$2" 256 "$2"
