@@ -163,6 +163,12 @@ void writeNode(TextStream& out, const GltfDocument& document, const GltfNode& no
     out << "\t\t}\n";
 }
 
+bool isStrictJson(const GltfNode& node) {
+    const bool hasKeyBefore =
+        !node.children.empty() || !isIdentity(node.matrix) || node.mesh >= 0 || node.camera >= 0;
+    return node.comments.empty() || node.light >= 0 || !hasKeyBefore;
+}
+
 void writeCamera(TextStream& out, const GltfCamera& camera) {
     out << "\t\t{\n";
     if (camera.isPerspective != 0) {

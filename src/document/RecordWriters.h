@@ -16,6 +16,9 @@ using PictureCopier = std::function<void(const std::string& sourcePath, std::str
 
 /// Ends with a line feed.
 void writeNode(TextStream& out, const GltfDocument& document, const GltfNode& node);
+/// Whether strict readers take the node's text. The comments of a node that has a mesh, a camera, children or
+/// a placement, but no light, begin with a comma that they refuse.
+bool isStrictJson(const GltfNode& node);
 /// Ends with a line feed.
 void writeCamera(TextStream& out, const GltfCamera& camera);
 void writeLight(TextStream& out, const GltfLight& light);

@@ -3,6 +3,7 @@
 #include "appearance/MaterialIndex.h"
 #include "document/AsciiNames.h"
 #include "document/DiskBufferFolder.h"
+#include "document/RecordWriters.h"
 #include "document/WorkingBufferFolder.h"
 #include "export/ExportContext.h"
 #include "export/SceneFiles.h"
@@ -12,6 +13,7 @@
 #include "platform/NarrowText.h"
 #include "views/ViewStorageList.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 #include <utility>
@@ -167,6 +169,10 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc) {
     }
     if (!report_.hasFailed()) {
         report_.writtenFile = nativePath(target.file());
+        if (!std::ranges::all_of(document_.nodes, [](const auto& node) { return isStrictJson(*node); })) {
+            report_.warn("the result holds comments of components that are shown, and so, as this format "
+                         "has it, no strict JSON: many viewers will not open it");
+        }
     }
 }
 

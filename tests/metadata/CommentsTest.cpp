@@ -141,5 +141,20 @@ TEST_F(Comments, OfADocumentAreReadOnce) {
     EXPECT_TRUE(comments.of(opened).empty());
 }
 
+TEST_F(Comments, AreWarnedOfWhereStrictReadersRefuseThem) {
+    const auto warningsFor = [](bool hasMesh) {
+        ModelBuilder builder;
+        ModelDocument& part =
+            hasMesh ? builder.part(u"p.tfgprt") : builder.document(DocumentKind::part, u"p.tfgprt");
+        part.features = {commentsFolder({{u"n", u"t"}})};
+        ExportRun run(builder.take());
+        const bool isStrict = nlohmann::json::accept(run.run("x.gltf"));
+        EXPECT_EQ(isStrict, !hasMesh);
+        return run.exporter.report().warnings;
+    };
+    EXPECT_THAT(warningsFor(false), testing::IsEmpty());
+    EXPECT_THAT(warningsFor(true), ElementsAre(HasSubstr("no strict JSON")));
+}
+
 } // namespace
 } // namespace orvane
