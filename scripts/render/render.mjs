@@ -191,7 +191,7 @@ const server = createServer(serve).listen(0, '127.0.0.1');
 await new Promise((resolve) => server.once('listening', resolve));
 const browser = await puppeteer.launch({
     executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
-    args: ['--no-sandbox', '--use-angle=swiftshader', '--enable-unsafe-swiftshader', '--disable-background-networking'],
+    args: ['--no-sandbox', '--use-angle=swiftshader', '--enable-unsafe-swiftshader', '--disable-background-networking', '--disable-dev-shm-usage'],
     protocolTimeout: 300000,
 });
 try {

@@ -127,7 +127,7 @@ async function playInBrowser(puppeteer, glb, times) {
     await new Promise((resolve) => server.once('listening', resolve));
     const browser = await puppeteer.launch({
         executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
-        args: ['--no-sandbox', '--use-angle=swiftshader', '--disable-background-networking'],
+        args: ['--no-sandbox', '--use-angle=swiftshader', '--disable-background-networking', '--disable-dev-shm-usage'],
         protocolTimeout: 300000,
     });
     try {
