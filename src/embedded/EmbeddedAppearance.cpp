@@ -1,4 +1,5 @@
 #include "embedded/EmbeddedSession.h"
+#include "embedded/HostFlag.h"
 #include "embedded/HostPath.h"
 
 #include <utility>
@@ -6,10 +7,6 @@
 namespace orvane {
 
 namespace {
-
-std::int16_t toFlag(bool value) {
-    return value ? -1 : 0;
-}
 
 class EmbeddedAppearance final : public HostAppearance {
 public:

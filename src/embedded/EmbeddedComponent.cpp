@@ -1,14 +1,11 @@
 #include "embedded/EmbeddedSession.h"
+#include "embedded/HostFlag.h"
 
 #include <utility>
 
 namespace orvane {
 
 namespace {
-
-std::int16_t toFlag(bool value) {
-    return value ? -1 : 0;
-}
 
 class EmbeddedComponent final : public HostComponent {
 public:
