@@ -60,7 +60,9 @@ void NodeMaterials::buildFaceMap(HostBodyEnumerator& bodies) {
             } else if (theMaterial) {
                 const std::int32_t newMark = faceMark(*face, true);
                 faceMap_.emplace(newMark, theMaterial);
-                reportLostMark(newMark, table_.source().report);
+                if (!component_) { // otherwise all faces take that one, marked or not
+                    reportLostMark(newMark, table_.source().report);
+                }
             }
         }
     }

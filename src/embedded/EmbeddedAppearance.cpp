@@ -8,6 +8,11 @@ namespace orvane {
 
 namespace {
 
+/// Empty for an empty file name.
+std::u16string pathOf(const std::string& file) {
+    return file.empty() ? std::u16string() : toHostPath(std::filesystem::path(file));
+}
+
 class EmbeddedAppearance final : public HostAppearance {
 public:
     /// `component` is what the appearance is applied to where the record does not say; it may be empty.
@@ -66,10 +71,6 @@ public:
     const void* identity() const noexcept override { return &record_; }
 
 private:
-    static std::u16string pathOf(const std::string& file) {
-        return file.empty() ? std::u16string() : toHostPath(std::filesystem::path(file));
-    }
-
     HostRef<HostObject> entityOf(const EntityRecord& entity) const {
         switch (entity.kind) {
         case EntityKind::document:
@@ -105,10 +106,7 @@ public:
           component_(std::move(component)) {}
 
     std::int32_t decalId() const override { return record_.id; }
-    std::u16string maskFileName() const override {
-        return record_.maskFile.empty() ? std::u16string()
-                                        : toHostPath(std::filesystem::path(record_.maskFile));
-    }
+    std::u16string maskFileName() const override { return pathOf(record_.maskFile); }
     std::int16_t maskInvert() const override { return toFlag(record_.maskInvert); }
     std::int32_t idCount() const override { return static_cast<std::int32_t>(record_.ids.size()); }
     std::vector<std::int32_t> ids() const override { return record_.ids; }

@@ -1,4 +1,5 @@
 #include "embedded/EmbeddedView.h"
+#include "embedded/HostFlag.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ public:
     HostRef<HostMathVector> cameraDirection() const override { return makeVector(record_.direction); }
     double cameraAspect() const override { return record_.aspect; }
     double cameraFieldOfView() const override { return record_.fieldOfView; }
-    std::int16_t cameraPerspective() const override { return record_.perspective ? -1 : 0; }
+    std::int16_t cameraPerspective() const override { return toFlag(record_.perspective); }
 
     const void* identity() const noexcept override { return &record_; }
     const CameraRecord& record() const { return record_; }

@@ -1,6 +1,7 @@
 #include "embedded/EmbeddedView.h"
 
 #include "embedded/FittedView.h"
+#include "embedded/HostFlag.h"
 #include "embedded/ShownBox.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ public:
     }
     double viewPlaneDistance() const override { return values().planeDistance; }
 
-    std::int16_t hasPerspective() const override { return values().perspective ? -1 : 0; }
+    std::int16_t hasPerspective() const override { return toFlag(values().perspective); }
     void addPerspective() override { values().perspective = values().perspectiveAllowed; }
     void removePerspective() override { values().perspective = false; }
 
