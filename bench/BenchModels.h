@@ -1,6 +1,6 @@
 #pragma once
 
-#include "embedded/ModelRecords.h"
+#include "model/records/ModelRecords.h"
 
 #include <cstddef>
 

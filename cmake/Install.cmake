@@ -4,6 +4,7 @@ include(CMakePackageConfigHelpers)
 install(TARGETS orvane_core EXPORT OrvaneTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 set_target_properties(orvane_core PROPERTIES EXPORT_NAME core)
 install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvane FILES_MATCHING PATTERN "*.h"
+    PATTERN model EXCLUDE
     PATTERN embedded EXCLUDE
     PATTERN cli EXCLUDE
     PATTERN addin EXCLUDE)

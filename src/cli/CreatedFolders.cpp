@@ -2,7 +2,7 @@
 
 #include <ranges>
 
-namespace orvane {
+namespace orvane::cli {
 
 namespace fs = std::filesystem;
 
@@ -35,4 +35,4 @@ std::optional<std::string> CreatedFolders::create(const fs::path& folder) {
     return std::nullopt;
 }
 
-} // namespace orvane
+} // namespace orvane::cli

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::cli {
 
 /// Folders that were made for a result. They go again at the end, if they are empty, unless they are kept.
 class CreatedFolders {
@@ -24,4 +24,4 @@ private:
     std::vector<std::filesystem::path> created_; ///< outermost first
 };
 
-} // namespace orvane
+} // namespace orvane::cli

@@ -5,9 +5,9 @@
 #include "cli/OneLine.h"
 #include "cli/ProgressDisplay.h"
 #include "embedded/EmbeddedHost.h"
-#include "embedded/HostPath.h"
-#include "embedded/ModelReader.h"
 #include "export/OrvaneExporter.h"
+#include "model/ModelReader.h"
+#include "model/records/HostPath.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
 
@@ -16,7 +16,7 @@
 #include <filesystem>
 #include <iostream>
 
-namespace orvane {
+namespace orvane::cli {
 
 namespace {
 
@@ -151,4 +151,4 @@ int runExport(const ExportArguments& arguments) {
     return 0;
 }
 
-} // namespace orvane
+} // namespace orvane::cli

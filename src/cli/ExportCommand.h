@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace orvane {
+namespace orvane::cli {
 
 /// What the command line of `orvane export` says.
 struct ExportArguments {
@@ -31,4 +31,4 @@ std::optional<std::string> outputFault(const std::string& output);
 /// standard output. Gives the exit status: 0 written and complete, 1 refused or failed. Throws `ModelError`.
 int runExport(const ExportArguments& arguments);
 
-} // namespace orvane
+} // namespace orvane::cli

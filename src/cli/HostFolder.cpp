@@ -1,6 +1,6 @@
 #include "cli/HostFolder.h"
 
-namespace orvane {
+namespace orvane::cli {
 
 namespace fs = std::filesystem;
 
@@ -18,4 +18,4 @@ fs::path hostFolder(const std::string& given) {
     return ORVANE_SOURCE_LIBRARY;
 }
 
-} // namespace orvane
+} // namespace orvane::cli

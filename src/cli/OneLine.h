@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-namespace orvane {
+namespace orvane::cli {
 
 /// The text with a `?` for every control character: names of files may hold any, and a message is one line.
 inline std::string onOneLine(std::string text) {
@@ -12,4 +12,4 @@ inline std::string onOneLine(std::string text) {
     return text;
 }
 
-} // namespace orvane
+} // namespace orvane::cli

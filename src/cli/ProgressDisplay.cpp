@@ -3,7 +3,7 @@
 #include <iostream>
 #include <unistd.h>
 
-namespace orvane {
+namespace orvane::cli {
 
 namespace {
 
@@ -47,4 +47,4 @@ void ProgressDisplay::showCounters(const Progress& progress) {
     showPhase("exporting: " + std::to_string(progress.doneWork) + " steps done");
 }
 
-} // namespace orvane
+} // namespace orvane::cli

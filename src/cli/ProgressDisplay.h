@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace orvane {
+namespace orvane::cli {
 
 /// One line on standard error that tells how far the work is; nothing where that is no terminal.
 class ProgressDisplay {
@@ -31,4 +31,4 @@ private:
     std::chrono::steady_clock::time_point lastShown_{};
 };
 
-} // namespace orvane
+} // namespace orvane::cli

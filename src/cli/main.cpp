@@ -1,6 +1,6 @@
 #include "cli/ExportCommand.h"
 #include "cli/OneLine.h"
-#include "embedded/ModelError.h"
+#include "model/records/ModelError.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,7 +14,7 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
-void addExportOptions(CLI::App& command, orvane::ExportArguments& arguments) {
+void addExportOptions(CLI::App& command, orvane::cli::ExportArguments& arguments) {
     command
         .add_option("MODEL", arguments.model, "Model document (.tfgprt, .tfgasm) or STEP file (.step, .stp)")
         ->required();
@@ -24,7 +24,7 @@ void addExportOptions(CLI::App& command, orvane::ExportArguments& arguments) {
                     "(TITLE.glb in the current folder when absent)")
         ->type_name("OUT")
         ->check([](const std::string& output) {
-            const auto fault = orvane::outputFault(output);
+            const auto fault = orvane::cli::outputFault(output);
             return fault ? "OUT " + *fault + ", found '" + output + "'" : std::string();
         });
     command.add_flag("--views", arguments.views, "Export the named views as cameras");
@@ -56,7 +56,7 @@ int answerParseError(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
         return app.exit(error);
     }
-    std::cerr << "orvane: " << orvane::onOneLine(error.what()) << " (see orvane --help)\n";
+    std::cerr << "orvane: " << orvane::cli::onOneLine(error.what()) << " (see orvane --help)\n";
     return kWrongUsage;
 }
 
@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
     CLI::App app("Turns CAD models into glTF 2.0 scenes", "orvane");
     app.set_version_flag("--version", "orvane " ORVANE_VERSION);
     app.require_subcommand(0, 1);
-    orvane::ExportArguments exportArguments;
+    orvane::cli::ExportArguments exportArguments;
     CLI::App* exportCommand = app.add_subcommand("export", "Export a model as .gltf or .glb");
     addExportOptions(*exportCommand, exportArguments);
 
@@ -83,13 +83,13 @@ int main(int argc, char** argv) {
         return kWrongUsage;
     }
     try {
-        return orvane::runExport(exportArguments);
+        return orvane::cli::runExport(exportArguments);
     } catch (const orvane::ModelError& error) {
-        std::cerr << "orvane: " << orvane::onOneLine(error.what()) << "\n";
+        std::cerr << "orvane: " << orvane::cli::onOneLine(error.what()) << "\n";
     } catch (const std::bad_alloc&) {
         std::cerr << "orvane: there is not enough memory for this model\n";
     } catch (const std::exception& error) {
-        std::cerr << "orvane: " << orvane::onOneLine(error.what()) << "\n";
+        std::cerr << "orvane: " << orvane::cli::onOneLine(error.what()) << "\n";
     }
     return kFailed;
 }

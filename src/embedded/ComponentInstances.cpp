@@ -1,11 +1,11 @@
 #include "embedded/ComponentInstances.h"
 
-#include "embedded/InstanceTree.h"
 #include "embedded/PlacementMath.h"
+#include "model/records/InstanceTree.h"
 
 #include <algorithm>
 
-namespace orvane {
+namespace orvane::embedded {
 
 ComponentInstances::ComponentInstances(const ModelDocument& document) {
     ComponentInstance& root = instances_.emplace_back();
@@ -129,4 +129,4 @@ void ComponentInstances::applyBelow(std::int32_t top, const ConfigurationRecord&
     }
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "embedded/ModelRecords.h"
+#include "model/records/ModelRecords.h"
 
 #include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// One component of the opened assembly, its sub-assemblies instanced. Position 0 is the root component.
 struct ComponentInstance {
@@ -75,4 +75,4 @@ private:
     std::unordered_multimap<std::u16string, std::int32_t> positionsByName_;
 };
 
-} // namespace orvane
+} // namespace orvane::embedded

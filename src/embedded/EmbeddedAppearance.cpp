@@ -1,10 +1,10 @@
 #include "embedded/EmbeddedSession.h"
 #include "embedded/HostFlag.h"
-#include "embedded/HostPath.h"
+#include "model/records/HostPath.h"
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -143,4 +143,4 @@ std::vector<HostRef<HostDecal>> makeDecals(const SessionRef& session, const Mode
     return made;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -147,4 +147,4 @@ HostRef<HostBodyEnumerator> makeBodyEnumerator(const SessionRef& session, const 
     return makeHostObject<EmbeddedBodyEnumerator>(session, document, std::move(bodies));
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -38,4 +38,4 @@ const CameraRecord* cameraRecord(const HostRef<HostCamera>& camera) {
     return embedded ? &embedded->record() : nullptr;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

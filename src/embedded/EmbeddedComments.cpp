@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -51,4 +51,4 @@ HostRef<HostCommentFolder> makeCommentFolder(const SessionRef& session, const Fe
                : HostRef<EmbeddedCommentFolder>();
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -104,4 +104,4 @@ HostRef<HostComponent> makeComponent(const SessionRef& session, const ModelDocum
     return makeHostObject<EmbeddedComponent>(session, assembly, position);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

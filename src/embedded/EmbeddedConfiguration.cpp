@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -69,4 +69,4 @@ HostRef<HostConfiguration> makeConfiguration(const SessionRef& session, const Mo
     return makeHostObject<EmbeddedConfiguration>(session, document, position);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

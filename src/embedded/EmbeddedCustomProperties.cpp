@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -35,4 +35,4 @@ HostRef<HostCustomProperties> makeCustomProperties(const SessionRef& session,
     return makeHostObject<EmbeddedCustomProperties>(session, configuration.customProperties);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

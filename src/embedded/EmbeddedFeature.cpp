@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -97,4 +97,4 @@ HostRef<HostFeature> makeFeature(const SessionRef& session, const ModelDocument&
                         : makeHostObject<EmbeddedFeature>(session, document, position);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -6,6 +6,8 @@
 
 namespace orvane {
 
+namespace embedded {
+
 namespace {
 
 class EmbeddedApplication final : public HostApplication {
@@ -33,9 +35,11 @@ private:
 
 } // namespace
 
+} // namespace embedded
+
 HostRef<HostApplication> openEmbeddedHost(Model model, std::u16string hostInstallFolder) {
-    return makeHostObject<EmbeddedApplication>(
-        std::make_shared<EmbeddedSession>(std::move(model), std::move(hostInstallFolder)));
+    return makeHostObject<embedded::EmbeddedApplication>(
+        std::make_shared<embedded::EmbeddedSession>(std::move(model), std::move(hostInstallFolder)));
 }
 
 } // namespace orvane

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "embedded/ModelRecords.h"
 #include "host/HostApplication.h"
+#include "model/records/ModelRecords.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "embedded/EmbeddedLights.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 PackedData packedLight(const LightRecord& light) {
     PackedData packed;
@@ -16,4 +16,4 @@ PackedData packedLight(const LightRecord& light) {
     return packed;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

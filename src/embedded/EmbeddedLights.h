@@ -1,11 +1,11 @@
 #pragma once
 
-#include "embedded/ModelRecords.h"
 #include "host/HostLight.h"
+#include "model/records/ModelRecords.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// A light in the host's own layout.
 PackedData packedLight(const LightRecord& light);
 
-} // namespace orvane
+} // namespace orvane::embedded

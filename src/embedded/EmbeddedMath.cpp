@@ -1,7 +1,7 @@
 #include "embedded/EmbeddedSession.h"
 #include "embedded/PlacementMath.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -56,4 +56,4 @@ HostRef<HostMathUtility> makeMathUtility() {
     return makeHostObject<EmbeddedMathUtility>();
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

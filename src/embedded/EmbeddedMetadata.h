@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace orvane {
+namespace orvane::embedded {
 
 HostRef<HostCustomProperties> makeCustomProperties(const SessionRef& session,
                                                    const ConfigurationRecord& configuration);
@@ -15,4 +15,4 @@ HostRef<HostDesignTable> makeDesignTable(const SessionRef& session, const ModelD
 std::vector<HostRef<HostAnnotation>> makeAnnotations(const SessionRef& session,
                                                      const ModelDocument& document);
 
-} // namespace orvane
+} // namespace orvane::embedded

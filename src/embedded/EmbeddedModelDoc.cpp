@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -157,7 +157,7 @@ public:
     }
     void showNamedView(const std::u16string& name) override {
         if (isOpened()) {
-            orvane::showNamedView(*session_, name);
+            embedded::showNamedView(*session_, name);
         }
     }
 
@@ -237,4 +237,4 @@ HostRef<HostModelDoc> makeModelDoc(const SessionRef& session, const ModelDocumen
     return makeHostObject<EmbeddedModelDoc>(session, document);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

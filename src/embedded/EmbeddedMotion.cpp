@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -89,4 +89,4 @@ HostRef<HostObject> makeStudyManager(const SessionRef& session) {
     return makeHostObject<EmbeddedMotionStudyManager>(session);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 EmbeddedSession::EmbeddedSession(Model openedModel, std::u16string folder)
     : model(std::move(openedModel)), hostInstallFolder(std::move(folder)) {
@@ -51,4 +51,4 @@ void EmbeddedSession::applyDisplayState(std::size_t position) {
     }
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -2,9 +2,9 @@
 
 #include "embedded/ComponentInstances.h"
 #include "embedded/EmbeddedStudies.h"
-#include "embedded/ModelRecords.h"
 #include "host/HostMathUtility.h"
 #include "host/HostModelDoc.h"
+#include "model/records/ModelRecords.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,7 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// What the view on the screen shows.
 struct ScreenState {
@@ -95,4 +95,4 @@ std::vector<HostRef<HostDecal>> makeDecals(const SessionRef& session, const Mode
                                            const std::vector<DecalRecord>& decals,
                                            const HostRef<HostComponent>& component);
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 EmbeddedStudies::EmbeddedStudies(const ModelDocument& document, ComponentInstances* components)
     : document_(document), components_(components) {
@@ -81,4 +81,4 @@ void EmbeddedStudies::seek(const StudyRef& study, double seconds) {
     }
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "embedded/ComponentInstances.h"
-#include "embedded/ModelRecords.h"
 #include "embedded/StudyPlayback.h"
+#include "model/records/ModelRecords.h"
 
 #include <cstdint>
 #include <memory>
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// The motion studies of the opened document: its own and those made while it is open. At most one of them is
 /// entered.
@@ -50,4 +50,4 @@ private:
     std::optional<StudyPlayback> playback_;
 };
 
-} // namespace orvane
+} // namespace orvane::embedded

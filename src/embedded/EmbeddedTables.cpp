@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -105,4 +105,4 @@ std::vector<HostRef<HostAnnotation>> makeAnnotations(const SessionRef& session,
     return annotations;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

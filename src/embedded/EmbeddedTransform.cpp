@@ -1,7 +1,7 @@
 #include "embedded/EmbeddedSession.h"
 #include "embedded/PlacementMath.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -25,4 +25,4 @@ HostRef<HostTransform> makeTransform(const Placement& placement) {
     return makeHostObject<EmbeddedTransform>(placement);
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -82,4 +82,4 @@ void showNamedView(EmbeddedSession& session, const std::u16string& name) {
     }
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

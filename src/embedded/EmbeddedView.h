@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// The one view on the screen, which shows the opened document.
 HostRef<HostView> makeView(const SessionRef& session);
@@ -16,4 +16,4 @@ HostRef<HostCamera> makeCamera(const SessionRef& session, const CameraRecord* ca
 /// The record that a camera stands for; null for none, and for a camera of another host.
 const CameraRecord* cameraRecord(const HostRef<HostCamera>& camera);
 
-} // namespace orvane
+} // namespace orvane::embedded

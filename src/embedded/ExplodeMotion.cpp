@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <map>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -107,4 +107,4 @@ void fillWithExplodedView(EmbeddedStudy& study, const ComponentInstances& compon
     }
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

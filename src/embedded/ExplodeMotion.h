@@ -3,7 +3,7 @@
 #include "embedded/ComponentInstances.h"
 #include "embedded/StudyPlayback.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// When an exploded view moves, seconds, and which way.
 struct ExplodeTiming {
@@ -17,4 +17,4 @@ struct ExplodeTiming {
 void fillWithExplodedView(EmbeddedStudy& study, const ComponentInstances& components,
                           const ExplodeTiming& timing);
 
-} // namespace orvane
+} // namespace orvane::embedded

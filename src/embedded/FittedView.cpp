@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -71,4 +71,4 @@ ViewRecord fittedView(const std::optional<HostBox>& box) {
     return view;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

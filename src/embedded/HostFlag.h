@@ -2,11 +2,11 @@
 
 #include <cstdint>
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// A boolean as the host answers it: 16 bits, all of them set for true.
 inline std::int16_t toFlag(bool value) {
     return value ? -1 : 0;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

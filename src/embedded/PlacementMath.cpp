@@ -1,6 +1,6 @@
 #include "embedded/PlacementMath.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -47,4 +47,4 @@ Vector3 transformPoint(const Placement& a, const Vector3& point) {
     return moved;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "embedded/ModelRecords.h"
+#include "model/records/ModelRecords.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// Transforms of row vectors, `p' = p * R * s + t`. Numbers 13 to 15 of a result are zero.
 
@@ -16,4 +16,4 @@ Placement invertPlacement(const Placement& a);
 /// A point in the space that `a` leads to.
 Vector3 transformPoint(const Placement& a, const Vector3& point);
 
-} // namespace orvane
+} // namespace orvane::embedded

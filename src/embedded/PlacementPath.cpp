@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -113,4 +113,4 @@ Placement PlacementPath::at(double fraction) const {
     return placement;
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

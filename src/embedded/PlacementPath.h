@@ -1,8 +1,8 @@
 #pragma once
 
-#include "embedded/ModelRecords.h"
+#include "model/records/ModelRecords.h"
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// The way from one placement to another: translation and scale move linearly, the rotation along the shorter
 /// arc of unit quaternions. Blocks that are no rotations, or of which only one mirrors, have no such arc:
@@ -30,4 +30,4 @@ private:
     double sign_ = 1;  ///< -1 where both blocks mirror
 };
 
-} // namespace orvane
+} // namespace orvane::embedded

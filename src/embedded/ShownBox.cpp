@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace orvane {
+namespace orvane::embedded {
 
 namespace {
 
@@ -70,4 +70,4 @@ std::optional<HostBox> shownBox(EmbeddedSession& session, const ModelDocument& d
     return box.box();
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace orvane {
+namespace orvane::embedded {
 
 StudyPlayback::StudyPlayback(StudyRef study, ComponentInstances* components)
     : study_(std::move(study)), components_(components) {
@@ -75,4 +75,4 @@ HostRef<HostTransform> StudyPlayback::placementOf(std::int32_t position) {
     return answers_[at];
 }
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "embedded/ComponentInstances.h"
-#include "embedded/ModelRecords.h"
 #include "embedded/PlacementPath.h"
 #include "host/HostTransform.h"
+#include "model/records/ModelRecords.h"
 
 #include <cstdint>
 #include <memory>
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::embedded {
 
 /// How a study moves one component.
 struct StudyTrack {
@@ -70,4 +70,4 @@ private:
     std::vector<HostRef<HostTransform>> answers_; ///< by position; empty where not yet asked for
 };
 
-} // namespace orvane
+} // namespace orvane::embedded

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::embedded {
 namespace {
 
 using testing::DoubleNear;
@@ -300,4 +300,4 @@ TEST_F(ExplodedView, CountsItsStepsUnlessTheConfigurationTells) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::embedded

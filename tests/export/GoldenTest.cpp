@@ -2,7 +2,7 @@
 // run the test program once with ORVANE_REGENERATE=1 in its environment, and read the difference before it is
 // committed.
 
-#include "embedded/ModelReader.h"
+#include "model/ModelReader.h"
 #include "support/ExportRun.h"
 
 #include <gtest/gtest.h>

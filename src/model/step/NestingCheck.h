@@ -1,0 +1,15 @@
+#pragma once
+
+#include <Interface_Graph.hxx>
+
+#include <string>
+
+namespace orvane::step {
+
+/// Looks for what would make the kernel's reader recurse without end or for days: products that use
+/// themselves, directly or through others, shapes, curves or surfaces that are made of themselves or nested
+/// deeper than in any real file, and products whose whole tree has more than `kMostComponents` components.
+/// Nothing is expanded to find that. Returns what was found, naming the entity, or an empty text.
+std::string findEndlessNesting(const Interface_Graph& graph);
+
+} // namespace orvane::step

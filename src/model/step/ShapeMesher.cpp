@@ -1,0 +1,129 @@
+#include "model/step/ShapeMesher.h"
+
+#include "model/step/FaceTriangles.h"
+#include "model/step/KernelSession.h"
+
+#include <BRepBndLib.hxx>
+#include <BRepMesh_IncrementalMesh.hxx>
+#include <Bnd_Box.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+
+#include <cmath>
+#include <numbers>
+
+namespace orvane::step {
+
+namespace {
+
+constexpr double kRelativeDeflection = 0.001; // of the box's diagonal
+constexpr double kAngularDeflection = 20 * std::numbers::pi / 180;
+
+// Millimetres. Keeps the mesher going where a part is no larger than a point.
+constexpr double kSmallestDeflection = 1e-5;
+
+// Millimetres. A face beyond that has no end, and no say in how fine the others are.
+constexpr double kEndless = 1e9;
+
+double linearDeflection(const TopoDS_Shape& shape, const MeshingOptions& options) {
+    if (options.deflection) {
+        return std::max(*options.deflection / kMetresPerMillimetre, kSmallestDeflection);
+    }
+    Bnd_Box box;
+    for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
+        Bnd_Box faceBox;
+        BRepBndLib::Add(it.Current(), faceBox, Standard_False);
+        if (!faceBox.IsVoid() && !faceBox.IsOpen() && faceBox.SquareExtent() < kEndless * kEndless) {
+            box.Add(faceBox);
+        }
+    }
+    const double diagonal = box.IsVoid() ? 0 : std::sqrt(box.SquareExtent());
+    return std::max(diagonal * kRelativeDeflection, kSmallestDeflection);
+}
+
+std::vector<TopoDS_Face> facesOf(const TopoDS_Shape& shape, TopAbs_ShapeEnum outside) {
+    std::vector<TopoDS_Face> faces;
+    for (TopExp_Explorer it(shape, TopAbs_FACE, outside); it.More(); it.Next()) {
+        faces.push_back(TopoDS::Face(it.Current()));
+    }
+    return faces;
+}
+
+std::vector<PartMesh::Source> splitIntoBodies(const TopoDS_Shape& shape) {
+    std::vector<PartMesh::Source> sources;
+    const auto add = [&](const TopoDS_Shape& body, std::vector<TopoDS_Face> faces) {
+        if (!faces.empty()) {
+            sources.push_back({body, std::move(faces)});
+        }
+    };
+    for (TopExp_Explorer it(shape, TopAbs_SOLID); it.More(); it.Next()) {
+        add(it.Current(), facesOf(it.Current(), TopAbs_SHAPE));
+    }
+    for (TopExp_Explorer it(shape, TopAbs_SHELL, TopAbs_SOLID); it.More(); it.Next()) {
+        add(it.Current(), facesOf(it.Current(), TopAbs_SHAPE));
+    }
+    add(shape, facesOf(shape, TopAbs_SHELL));
+    return sources;
+}
+
+// The result does not depend on how the work is shared among threads: each edge and each face is meshed by
+// itself.
+bool runMesher(const TopoDS_Shape& shape, double deflection) {
+    try {
+        BRepMesh_IncrementalMesh(shape, deflection, Standard_False, kAngularDeflection, Standard_True);
+        return true;
+    } catch (const Standard_Failure&) {
+        return false;
+    }
+}
+
+std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool meshed, double deflection) {
+    try {
+        // After a failure of the whole each face is tried on its own.
+        if (!meshed) {
+            runMesher(face, deflection);
+        }
+        return readFaceTriangles(face);
+    } catch (const Standard_Failure&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, const std::string& what,
+                   std::vector<std::string>& warnings) {
+    PartMesh mesh;
+    mesh.sources = splitIntoBodies(shape);
+    if (mesh.sources.empty()) {
+        return mesh;
+    }
+    const double deflection = linearDeflection(shape, options);
+    const bool meshed = runMesher(shape, deflection);
+    std::size_t faceNumber = 0;
+    for (const PartMesh::Source& source : mesh.sources) {
+        BodyRecord& body = mesh.bodies.emplace_back();
+        double volume = 0;
+        bool complete = true;
+        for (const TopoDS_Face& face : source.faces) {
+            ++faceNumber;
+            std::optional<FaceTriangles> triangles = trianglesOf(face, meshed, deflection);
+            if (!triangles) {
+                warnings.push_back(what + ": face " + std::to_string(faceNumber) + " could not be meshed");
+                triangles.emplace();
+                complete = false;
+            }
+            volume += triangles->volume;
+            body.faces.push_back(std::move(triangles->record));
+        }
+        // A solid that the file gives inside out.
+        if (complete && volume < 0 && source.shape.ShapeType() == TopAbs_SOLID) {
+            for (FaceRecord& face : body.faces) {
+                turnOver(face);
+            }
+        }
+    }
+    return mesh;
+}
+
+} // namespace orvane::step

@@ -1,0 +1,68 @@
+#include "model/step/StepReader.h"
+
+#include "model/records/ModelError.h"
+#include "model/step/KernelSession.h"
+#include "model/step/ProductTree.h"
+#include "model/step/ShapeMesher.h"
+#include "model/step/StlFile.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace orvane::step {
+
+namespace {
+
+bool isStl(const std::filesystem::path& file) {
+    std::string extension = file.extension().string();
+    std::ranges::transform(extension, extension.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return extension == ".stl";
+}
+
+// Runs what calls the kernel and turns its exceptions into the reader's own.
+template <class Function>
+auto withKernel(const std::filesystem::path& file, Function function) {
+    const KernelSession session;
+    try {
+        return function();
+    } catch (const Standard_Failure& failure) {
+        throw ModelError(file.string() + ": found something that Open CASCADE cannot take (" +
+                         failureText(failure) + "), expected a readable STEP file");
+    }
+}
+
+} // namespace
+
+const ModelDocument* readStepFile(const std::filesystem::path& file, const MeshingOptions& options,
+                                  Model& model) {
+    return withKernel(file, [&] {
+        const ModelDocument* document = ProductTree(options, model).readFile(file);
+        limitComponentCount(*document, file);
+        return document;
+    });
+}
+
+std::vector<FaceRecord> readShapeFile(const std::filesystem::path& file, const MeshingOptions& options,
+                                      std::vector<std::string>& warnings) {
+    if (isStl(file)) {
+        return {readStlFile(file)};
+    }
+    return withKernel(file, [&] {
+        const StepDocument step =
+            loadStepDocument(std::filesystem::absolute(file).lexically_normal(), warnings);
+        std::vector<FaceRecord> faces;
+        for (const TDF_Label& root : step.roots) {
+            PartMesh mesh = meshShape(XCAFDoc_ShapeTool::GetShape(root), options, file.string(), warnings);
+            for (BodyRecord& body : mesh.bodies) {
+                std::ranges::move(body.faces, std::back_inserter(faces));
+            }
+        }
+        if (faces.empty()) {
+            throw ModelError(file.string() + ": found no face, expected at least one solid, shell or face");
+        }
+        return faces;
+    });
+}
+
+} // namespace orvane::step
