@@ -1,5 +1,7 @@
 #include "appearance/FallbackTextures.h"
 
+#include "platform/AsciiCase.h"
+
 #include <algorithm>
 #include <span>
 
@@ -53,14 +55,9 @@ constexpr FallbackRow kSurfaceFinishTable[] = {
     {"polypropylene", "..\\..\\textures\\plastic\\bumpy\\plasticpolypropylene_bump.jpg"},
 };
 
-char toLower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 std::string findPath(std::span<const FallbackRow> table, std::string_view materialName,
                      const std::string& folder) {
-    std::string name(materialName);
-    std::ranges::transform(name, name.begin(), toLower);
+    const std::string name = asciiLower(std::string(materialName));
     const auto row = std::ranges::find_if(
         table, [&](const FallbackRow& one) { return name.find(one.key) != std::string::npos; });
     return row == table.end() ? std::string() : folder + std::string(row->path);

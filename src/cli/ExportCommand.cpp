@@ -8,11 +8,10 @@
 #include "export/OrvaneExporter.h"
 #include "model/ModelReader.h"
 #include "model/records/HostPath.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <iostream>
 
@@ -23,10 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string lowerExtension(const fs::path& path) {
-    std::string extension = path.extension().string();
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension;
+    return asciiLower(path.extension().string());
 }
 
 /// The path that the exporter takes: with a folder, and with the extension in lower case.

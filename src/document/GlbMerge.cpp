@@ -1,9 +1,7 @@
 #include "document/GlbMerge.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
-
-#include <algorithm>
-#include <cctype>
 
 namespace orvane {
 
@@ -19,9 +17,7 @@ void appendRange(std::vector<FileRange>& ranges, const FileRange& range) {
 }
 
 std::string mimeTypeOf(const std::string& fileName) {
-    std::string extension = fileName.substr(fileName.rfind('.') + 1);
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const std::string extension = asciiLower(fileName.substr(fileName.rfind('.') + 1));
     return extension == "jpg" || extension == "jpeg" ? "image/jpeg" : "image/png";
 }
 

@@ -1,10 +1,9 @@
 #include "export/ExportTarget.h"
 
 #include "document/AsciiNames.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
-
-#include <algorithm>
 
 namespace orvane {
 
@@ -20,13 +19,6 @@ std::string splitExtension(std::string& name) {
     std::string extension = name.substr(dot + 1);
     name.erase(dot);
     return extension;
-}
-
-std::string asciiLower(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return text;
 }
 
 } // namespace

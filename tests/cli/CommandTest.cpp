@@ -1,5 +1,6 @@
 // Runs the built command as a person would.
 
+#include "support/Paths.h"
 #include "support/Pictures.h"
 #include "support/TemporaryFolder.h"
 
@@ -34,9 +35,9 @@ struct Command : testing::Test {
     /// Runs `orvane` with these arguments in the folder, after the shell's `before`.
     Outcome run(const std::string& arguments, const std::string& before = "true") {
         const TemporaryFolder streams;
-        const std::string line = "cd '" + folder.path().string() + "' && " + before +
-                                 " && '" ORVANE_COMMAND "' " + arguments + " >'" + (streams / "out") +
-                                 "' 2>'" + (streams / "err") + "'";
+        const std::string line = "cd '" + folder.path().string() + "' && " + before + " && '" +
+                                 commandPath() + "' " + arguments + " >'" + (streams / "out") + "' 2>'" +
+                                 (streams / "err") + "'";
         const int status = std::system(line.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(streams / "out"),
                 readFile(streams / "err")};

@@ -4,6 +4,7 @@
 
 #include "model/ModelReader.h"
 #include "support/ExportRun.h"
+#include "support/Paths.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@
 namespace orvane {
 namespace {
 
-const std::string kFolder = ORVANE_SOURCE_DIR "/tests/golden/";
+const std::string kFolder = sourceFolder() + "/tests/golden/";
 
 /// The FNV-1a hash of 64 bits.
 std::uint64_t hashOf(const std::string& bytes) {

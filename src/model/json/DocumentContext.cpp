@@ -2,6 +2,7 @@
 
 #include "model/json/JsonCursor.h"
 #include "model/json/Utf8Check.h"
+#include "platform/AsciiCase.h"
 #include "platform/Utf8.h"
 
 #include <algorithm>
@@ -68,9 +69,7 @@ std::string resolvePicture(const JsonCursor& name) {
 }
 
 bool hasExtension(const std::filesystem::path& file, std::initializer_list<std::string_view> extensions) {
-    std::string own = file.extension().string();
-    std::ranges::transform(own, own.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    const std::string own = asciiLower(file.extension().string());
     return std::ranges::find(extensions, own) != extensions.end();
 }
 

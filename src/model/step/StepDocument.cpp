@@ -7,6 +7,7 @@
 #include "model/step/StepDamage.h"
 #include "model/step/StepFileCheck.h"
 #include "model/step/StepText.h"
+#include "platform/AsciiCase.h"
 
 #include <Interface_InterfaceModel.hxx>
 #include <STEPCAFControl_Reader.hxx>
@@ -28,7 +29,6 @@
 #include <XSControl_WorkSession.hxx>
 
 #include <algorithm>
-#include <cctype>
 #include <fstream>
 #include <unordered_map>
 
@@ -201,9 +201,7 @@ void readProducts(const STEPCAFControl_Reader& reader, const std::vector<Instanc
 }
 
 bool isStepFileName(const std::filesystem::path& file) {
-    std::string extension = file.extension().string();
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const std::string extension = asciiLower(file.extension().string());
     return extension == ".step" || extension == ".stp" || extension == ".p21";
 }
 

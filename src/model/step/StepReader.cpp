@@ -5,19 +5,14 @@
 #include "model/step/ProductTree.h"
 #include "model/step/ShapeMesher.h"
 #include "model/step/StlFile.h"
-
-#include <algorithm>
-#include <cctype>
+#include "platform/AsciiCase.h"
 
 namespace orvane::step {
 
 namespace {
 
 bool isStl(const std::filesystem::path& file) {
-    std::string extension = file.extension().string();
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension == ".stl";
+    return asciiLower(file.extension().string()) == ".stl";
 }
 
 // Runs what calls the kernel and turns its exceptions into the reader's own.

@@ -1,6 +1,7 @@
 #include "model/step/StlFile.h"
 
 #include "model/records/ModelError.h"
+#include "platform/AsciiCase.h"
 
 #include <array>
 #include <bit>
@@ -71,9 +72,8 @@ private:
 };
 
 bool isWord(std::string_view word, std::string_view expected) {
-    return word.size() == expected.size() &&
-           std::equal(word.begin(), word.end(), expected.begin(),
-                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
+    return word.size() == expected.size() && std::equal(word.begin(), word.end(), expected.begin(),
+                                                        [](char a, char b) { return asciiLower(a) == b; });
 }
 
 /// The loops of `facet normal X Y Z outer loop, three times vertex X Y Z, endloop endfacet`.

@@ -1,3 +1,4 @@
+#include "support/Paths.h"
 #include "support/StepMaker.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +12,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST_F(StepReaderTest, ReadsTheExampleAsATreeOfSharedDocuments) {
-    const Model model = read(fs::path(ORVANE_SOURCE_DIR) / "examples" / "step" / "pulley_block.step");
+    const Model model = read(fs::path(sourceFolder()) / "examples" / "step" / "pulley_block.step");
     const ModelDocument& block = *model.documents.front();
     EXPECT_EQ(block.kind, DocumentKind::assembly);
     EXPECT_EQ(block.title, u"pulley_block.step");
@@ -47,7 +48,7 @@ TEST_F(StepReaderTest, ReadsTheExampleAsATreeOfSharedDocuments) {
 }
 
 TEST_F(StepReaderTest, GivesTheSameNumbersEachTime) {
-    const fs::path file = fs::path(ORVANE_SOURCE_DIR) / "examples" / "step" / "pulley_block.step";
+    const fs::path file = fs::path(sourceFolder()) / "examples" / "step" / "pulley_block.step";
     const Model first = read(file);
     const Model second = read(file);
     ASSERT_EQ(first.documents.size(), second.documents.size());
