@@ -45,13 +45,13 @@ double exportSeconds(HostApplication& host, bool withAnimations) {
     std::filesystem::remove(kTarget);
     COrvaneExporter exporter({.host = host});
     exporter.hostRevision = kEmbeddedHostRevision;
-    exporter.request().exportPath = kTarget;
+    exporter.setRequest({.exportPath = kTarget});
     exporter.options().setExportAnimations(withAnimations ? -1 : 0);
     const auto start = Clock::now();
     exporter.exportActiveDocument();
     const double seconds = secondsSince(start);
     if (exporter.report().writtenFile.empty()) {
-        throw std::runtime_error(exporter.report().errors.front());
+        throw std::runtime_error(std::string(exporter.report().firstError()));
     }
     return seconds;
 }

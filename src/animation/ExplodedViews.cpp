@@ -1,12 +1,14 @@
 #include "animation/ExplodedViews.h"
 
 #include "animation/StudySampling.h"
+#include "host/PutBack.h"
 
 namespace orvane {
 
 namespace {
 
 constexpr double kExplodeSeconds = 4.0;
+const std::u16string kNoName; ///< that of a study that was just made
 
 } // namespace
 
@@ -23,11 +25,13 @@ void sampleExplodedViews(HostAssembly& assembly, const MotionScene& motion) {
             continue;
         }
         if (const HostRef<HostMotionStudy> motionStudy = manager->createStudy()) {
+            const std::u16string* studyName = &kNoName;
+            const PutBack remove([&] { manager->deleteStudyByName(*studyName); });
             motionStudy->generateExplodeMotion(true, kExplodeSeconds, 0.0);
             motionStudy->nameStudy(name);
+            studyName = &name;
             motionStudy->computeStudy();
             sampleStudy(*motionStudy, name, motion);
-            manager->deleteStudyByName(name);
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "animation/KeyBuilding.h"
 #include "document/AsciiNames.h"
+#include "host/PutBack.h"
 
 #include <utility>
 
@@ -89,25 +90,33 @@ void sampleStudy(HostMotionStudy& study, const std::u16string& name, const Motio
     if (!root || report.hasFailed()) {
         return;
     }
+    double initialTime = 0;
+    bool hasMoved = false;
+    PutBack leave([&] {
+        if (hasMoved) {
+            study.seekStudyTime(initialTime);
+        }
+        study.leaveStudy();
+    });
     study.enterStudy();
     const double duration = study.readStudyDuration();
     if (!(duration > 0)) {
+        leave.dismiss();
         return;
     }
     AnimationTracks animation;
     animation.name = toAsciiName(name);
-    const double initialTime = study.readStudyTime();
+    initialTime = study.readStudyTime();
     const double step = frameStep(study);
     if (!hasFewFrames(duration, step)) {
-        study.leaveStudy();
         report.warn("the motion study " + animation.name.substr(0, 40) +
                     " is left out: its duration and frame rate ask for more than 10 million frames");
         return;
     }
     motion.buffers.folder.settle();
+    hasMoved = true;
     captureFrames(study, duration, step, motion, root, animation);
-    study.seekStudyTime(initialTime);
-    study.leaveStudy();
+    leave.now();
 
     buildKeys(animation, motion, false);
     animation.xforms.clear(); // the greater part of the memory

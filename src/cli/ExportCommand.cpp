@@ -112,7 +112,7 @@ int runExport(const ExportArguments& arguments) {
         openEmbeddedHost(std::move(model), toHostPath(hostFolder(arguments.hostFolder)));
     COrvaneExporter exporter({.host = *host});
     exporter.hostRevision = kEmbeddedHostRevision;
-    exporter.request() = request;
+    exporter.setRequest(request);
     setOptions(arguments, exporter.options());
     const ExportTarget target = exporter.plannedTarget();
     if (!mayWrite(target, arguments.force)) {
@@ -137,7 +137,7 @@ int runExport(const ExportArguments& arguments) {
         warn(report.warnings);
     }
     if (report.hasFailed()) {
-        refuse(report.errors.front());
+        refuse(std::string(report.firstError()));
         return 1;
     }
     folders.keep();

@@ -30,7 +30,7 @@ void DiskBufferFolder::write(const std::string& name, BufferContent content) {
     }
     file.write(content.pieces);
     if (!file.close()) {
-        report_.errors.push_back(nativePath(path) + " " + file.error());
+        report_.fail(nativePath(path) + " " + file.error());
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -20,9 +21,25 @@ struct ExportReport {
         }
     }
 
-    bool hasFailed() const { return !errors.empty(); }
+    /// Adds an error. Where there is no memory left to hold it, the export has failed all the same.
+    void fail(std::string_view error) noexcept {
+        try {
+            errors.emplace_back(error);
+        } catch (...) {
+            hasUntoldError_ = true;
+        }
+    }
+
+    bool hasFailed() const { return !errors.empty() || hasUntoldError_; }
+    /// What to tell a person of an export that has failed.
+    std::string_view firstError() const {
+        return errors.empty() ? std::string_view(kOutOfMemory) : errors.front();
+    }
+
+    static constexpr const char* kOutOfMemory = "there is not enough memory for this model";
 
 private:
+    bool hasUntoldError_ = false;
     std::unordered_set<std::string> warned_;
 };
 

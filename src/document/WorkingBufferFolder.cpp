@@ -85,8 +85,7 @@ void WorkingBufferFolder::copyTo(OutputFile& target, const FileRange& range) con
 void WorkingBufferFolder::reportFault() {
     if (!file_.isGood() && !report_.hasFailed()) {
         const std::string folder = nativePath(folder_);
-        report_.errors.push_back("the working file in " + (folder.empty() ? "." : folder) + " " +
-                                 file_.error());
+        report_.fail("the working file in " + (folder.empty() ? "." : folder) + " " + file_.error());
     }
 }
 

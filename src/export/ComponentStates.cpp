@@ -1,5 +1,7 @@
 #include "export/ComponentStates.h"
 
+#include "host/PutBack.h"
+
 namespace orvane {
 
 namespace {
@@ -26,10 +28,12 @@ ComponentStateList::ComponentStateList(const HostRef<HostComponent>& root) {
 }
 
 ComponentStateList::~ComponentStateList() {
-    for (const auto& [component, state] : states_) {
-        if (component->getState() != state) {
-            component->setState(state);
-        }
+    for (const auto& entry : states_) {
+        const PutBack back([&] {
+            if (entry.first->getState() != entry.second) {
+                entry.first->setState(entry.second);
+            }
+        });
     }
 }
 

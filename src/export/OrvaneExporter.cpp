@@ -8,6 +8,7 @@
 #include "export/ExportContext.h"
 #include "export/SceneFiles.h"
 #include "export/SceneLoop.h"
+#include "host/PutBack.h"
 #include "metadata/Tables.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
@@ -26,6 +27,11 @@ constexpr std::int32_t kTrackingId = 777;
 /// The name of a file whose document has a title that the system takes for no file name.
 constexpr const char* kNameWithoutTitle = "scene";
 
+/// Nothing for no configuration.
+std::optional<std::u16string> nameOf(const HostRef<HostConfiguration>& configuration) {
+    return configuration ? std::optional(configuration->getConfigurationName()) : std::nullopt;
+}
+
 /// A folder that goes again with the object, if it was made here and stayed empty.
 class FolderGuard {
 public:
@@ -33,7 +39,7 @@ public:
         std::string error;
         result_ = createFolder(path_, error);
         if (result_ == FolderResult::failed) {
-            report.errors.push_back("the folder " + nativePath(path_) + " cannot be made: " + error);
+            report.fail("the folder " + nativePath(path_) + " cannot be made: " + error);
         }
     }
     FolderGuard(const FolderGuard&) = delete;
@@ -58,13 +64,19 @@ COrvaneExporter::COrvaneExporter(const ExporterSurroundings& surroundings)
 
 void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& first,
                                const std::string& second) {
-    const std::string narrow = toSystemNarrow(path);
-    std::string cut = cutAfterExtension(narrow, first);
-    if (cut.empty()) {
-        cut = cutAfterExtension(narrow, second);
-    }
-    if (!cut.empty()) {
-        request_.saveAsPath = cut;
+    try {
+        const std::string narrow = toSystemNarrow(path);
+        std::string cut = cutAfterExtension(narrow, first);
+        if (cut.empty()) {
+            cut = cutAfterExtension(narrow, second);
+        }
+        if (!cut.empty()) {
+            setRequest({.saveAsPath = std::move(cut)});
+        }
+    } catch (const std::bad_alloc&) {
+        report_ = {};
+        report_.fail(ExportReport::kOutOfMemory);
+        return;
     }
     exportActiveDocument();
 }
@@ -113,12 +125,26 @@ bool COrvaneExporter::mayReplace(const ExportTarget& target) {
 
 void COrvaneExporter::exportActiveDocument() {
     report_ = {};
+    try {
+        if (runRequest() == Progression::ended) {
+            finish();
+        }
+    } catch (const std::bad_alloc&) {
+        finish(); // gives back the memory that the message needs
+        report_.fail(ExportReport::kOutOfMemory);
+    } catch (const std::exception& fault) {
+        finish();
+        report_.fail(fault.what());
+    }
+}
+
+COrvaneExporter::Progression COrvaneExporter::runRequest() {
     if (hostRevision != kSupportedHostRevision) {
+        report_.fail("this revision of the host is not supported");
         if (surroundings_.prompts) {
             surroundings_.prompts->showMessage(languageText(kWrongHostText), "Orvane Exporter");
         }
-        report_.errors.push_back("this revision of the host is not supported");
-        return;
+        return Progression::notBegun;
     }
     if (surroundings_.cursor) {
         surroundings_.cursor->show();
@@ -126,36 +152,27 @@ void COrvaneExporter::exportActiveDocument() {
     progressBegin(document_.progress);
     const HostRef<HostModelDoc> modelDoc = surroundings_.host.activeDocument();
     if (!modelDoc) {
-        report_.errors.push_back("there is no open document");
-        return;
+        report_.fail("there is no open document");
+        return Progression::notBegun;
     }
     trackingId_ = kTrackingId;
     surroundings_.host.registerTrackingId(u"OrvaneExporter", trackingId_);
-    try {
-        exportDocument(modelDoc);
-    } catch (const std::bad_alloc&) {
-        report_.errors.push_back("there is not enough memory for this model");
-    } catch (const std::exception& fault) {
-        report_.errors.push_back(fault.what());
+    const ExportTarget target = plannedTarget();
+    if (!mayReplace(target)) {
+        report_.fail(nativePath(target.file()) + " already exists");
+        return Progression::notBegun;
     }
-    if (!wasDeclined_) {
-        finish();
-    }
+    exportDocument(modelDoc, target);
+    return Progression::ended;
 }
 
-void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc) {
-    const ExportTarget target = plannedTarget();
-    wasDeclined_ = !mayReplace(target);
-    if (wasDeclined_) {
-        report_.errors.push_back(nativePath(target.file()) + " already exists");
-        return;
-    }
+void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
     if (const auto fault = titleFault()) {
         report_.warnings.push_back("the title is no file name, since it " + *fault +
                                    "; the result is named " + kNameWithoutTitle);
     } else if (const auto nameFault = fileNameFault(target.fullFileName())) {
-        report_.errors.push_back("the file name " + target.fileName.substr(0, 40) + "... " + *nameFault +
-                                 "; choose a shorter one");
+        report_.fail("the file name " + target.fileName.substr(0, 40) + "... " + *nameFault +
+                     "; choose a shorter one");
         return;
     }
     const FolderGuard folder(target.destinationFolder, report_);
@@ -216,24 +233,31 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .nodeDocuments = {},
                           .cameraNodes = {}};
     const HostRef<HostView> view = modelDoc->activeView();
+    PutBack viewBack([&] {
+        if (view) {
+            modelDoc->setActiveView(view);
+        }
+    });
     const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras() != 0,
                                 options_.exportViews() != 0, context.cameraNodes);
     const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
+    const std::optional<std::u16string> shownAtFirst = nameOf(configurations.activeConfiguration);
+    PutBack configurationBack([&] {
+        if (shownAtFirst) {
+            modelDoc->showConfiguration(*shownAtFirst);
+        }
+    });
     MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
     buildScenes(context, configurations);
-    if (configurations.activeConfiguration) {
-        modelDoc->showConfiguration(configurations.activeConfiguration->getConfigurationName());
-    }
-    if (view) {
-        modelDoc->setActiveView(view);
-    }
+    configurationBack.now();
+    viewBack.now();
     document_.designTable = readDesignTable(*modelDoc);
     readGeneralTables(*modelDoc, document_.generalTables);
     return configurations.activeIndex;
 }
 
-/// Empties everything that lives for one export.
-void COrvaneExporter::finish() {
+/// Empties everything that lives for one export. Takes no memory.
+void COrvaneExporter::finish() noexcept {
     Progress progress = std::move(document_.progress);
     document_ = GltfDocument{};
     document_.progress = std::move(progress);

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace orvane {
 
@@ -44,7 +45,14 @@ public:
     void onSaveAsPart(const std::u16string& path) { onSaveAs(path, "gltf", "glb"); }
     void onSaveAsAssembly(const std::u16string& path) { onSaveAs(path, "glb", "gltf"); }
 
-    /// Exports the document in front as `request` and `options` say, and empties the request.
+    /// What the next export is asked for. Takes the place of a request that was not carried out, as a whole.
+    void setRequest(ExportRequest request) { request_ = std::move(request); }
+    const ExportRequest& request() const { return request_; }
+
+    /// Exports the document in front as the request and the options say, and empties the request; where no
+    /// export began, be it that the host's revision is another one, that no document is open or that the
+    /// person did not want a file replaced, the request stays. However an export ends, the host stands as
+    /// before.
     virtual void exportActiveDocument();
 
     /// Where the present request would go.
@@ -53,7 +61,6 @@ public:
     /// The title of the document in front; a text in the person's language when the host gives none.
     std::u16string defaultDocumentTitle();
 
-    ExportRequest& request() { return request_; }
     ExportOptions& options() { return options_; }
     /// The counters of the running export; the place for a listener.
     Progress& progress() { return document_.progress; }
@@ -62,14 +69,18 @@ public:
     std::int32_t hostRevision = 0; ///< the host's major revision, set at connection
 
 private:
+    /// Whether an export began, and with it what it leaves behind.
+    enum class Progression { notBegun, ended };
+
     void onSaveAs(const std::u16string& path, const std::string& first, const std::string& second);
     std::optional<std::string> titleFault();
     bool mayReplace(const ExportTarget& target);
-    void exportDocument(const HostRef<HostModelDoc>& modelDoc);
+    Progression runRequest();
+    void exportDocument(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
     void exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
     void exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
     std::int32_t buildDocument(const HostRef<HostModelDoc>& modelDoc, BufferFolder& folder);
-    void finish();
+    void finish() noexcept;
     std::string languageText(std::int32_t number) const;
 
     ExporterSurroundings surroundings_;
@@ -78,7 +89,6 @@ private:
     ExportReport report_;
     GltfDocument document_;
     std::int32_t trackingId_ = 0;
-    bool wasDeclined_ = false; ///< the person did not want the target replaced
 };
 
 } // namespace orvane

@@ -31,7 +31,7 @@ void writeWholeText(GltfDocument& document, std::int32_t activeScene, const Pict
 
 void putInPlace(OutputFile& file, const ExportTarget& target, ExportReport& report) {
     if (!file.moveTo(target.file())) {
-        report.errors.push_back(nativePath(target.file()) + " " + file.error());
+        report.fail(nativePath(target.file()) + " " + file.error());
     }
 }
 
@@ -66,9 +66,8 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
         total += range.length;
     }
     if (total > kLargestBinary) {
-        report.errors.push_back(
-            nativePath(target.file()) +
-            " would be larger than 4 GiB, the most that a .glb can hold; export a .gltf instead");
+        report.fail(nativePath(target.file()) +
+                    " would be larger than 4 GiB, the most that a .glb can hold; export a .gltf instead");
         return;
     }
     glb.beginBinChunk();

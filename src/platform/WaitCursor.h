@@ -2,7 +2,7 @@
 
 namespace orvane {
 
-/// The pointer that tells the person to wait.
+/// The pointer that tells the person to wait. Nothing here throws.
 class WaitCursor {
 public:
     virtual ~WaitCursor() = default;

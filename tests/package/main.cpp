@@ -6,7 +6,7 @@
 /// How a host is connected. Not called here, but linked with everything that an export needs.
 void exportFrom(orvane::HostApplication& host) {
     orvane::COrvaneExporter exporter({.host = host});
-    exporter.request().exportPath = "model.glb";
+    exporter.setRequest({.exportPath = "model.glb"});
     exporter.exportActiveDocument();
 }
 

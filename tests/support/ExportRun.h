@@ -23,7 +23,7 @@ public:
     /// Exports as `name`, and gives the text of the `.gltf` or the whole `.glb`; empty when nothing was
     /// written.
     std::string run(const std::string& name) {
-        exporter.request().exportPath = folder / name;
+        exporter.setRequest({.exportPath = folder / name});
         exporter.exportActiveDocument();
         const std::string& written = exporter.report().writtenFile;
         return written.empty() ? std::string() : readFile(written);
