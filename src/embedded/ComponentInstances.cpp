@@ -7,13 +7,24 @@
 
 namespace orvane::embedded {
 
+const DisplayStateRecord* firstDisplayState(const ConfigurationRecord& configuration) {
+    return configuration.displayStates.empty() ? nullptr : &configuration.displayStates.front();
+}
+
+const Placement& ComponentInstance::restPlacement() const {
+    if (const Placement* shown = shownPlacement()) {
+        return *shown;
+    }
+    return component && component->placementFallback ? *component->placementFallback : kIdentityPlacement;
+}
+
 ComponentInstances::ComponentInstances(const ModelDocument& document) {
     ComponentInstance& root = instances_.emplace_back();
     root.id = document.root.id;
     root.placement = &document.root.placement;
     root.fullName = document.root.name;
     addChildren(0, document, document.components);
-    instances_.front().end = static_cast<std::int32_t>(instances_.size());
+    instances_.front().end = count();
     base_.reserve(instances_.size());
     for (const ComponentInstance& instance : instances_) {
         base_.push_back({instance.suppressed, instance.hidden, instance.placement});
@@ -22,14 +33,13 @@ ComponentInstances::ComponentInstances(const ModelDocument& document) {
 
 void ComponentInstances::addChildren(std::int32_t parent, const ModelDocument& holder,
                                      const std::vector<ComponentRecord>& components) {
-    const std::u16string prefix =
-        parent == 0 ? std::u16string() : instances_[static_cast<std::size_t>(parent)].fullName + u"/";
-    instances_[static_cast<std::size_t>(parent)].childCount = static_cast<std::int32_t>(components.size());
+    const std::u16string prefix = parent == 0 ? std::u16string() : at(parent).fullName + u"/";
+    at(parent).childCount = static_cast<std::int32_t>(components.size());
     std::int32_t previous = -1;
     for (const ComponentRecord& record : components) {
-        const auto position = static_cast<std::int32_t>(instances_.size());
+        const auto position = count();
         ComponentInstance& instance = instances_.emplace_back();
-        instance.record = &record;
+        instance.component = &record;
         instance.holder = &holder;
         instance.parent = parent;
         instance.id = record.id.value_or(position); // depth first from 1 on, the root being 0
@@ -39,18 +49,16 @@ void ComponentInstances::addChildren(std::int32_t parent, const ModelDocument& h
         instance.placement = record.placement ? &*record.placement : nullptr;
         instance.fullName = prefix + record.name;
         positionsByName_.emplace(instance.fullName, position);
-        (previous < 0 ? instances_[static_cast<std::size_t>(parent)].firstChild
-                      : instances_[static_cast<std::size_t>(previous)].nextSibling) = position;
+        (previous < 0 ? at(parent).firstChild : at(previous).nextSibling) = position;
         previous = position;
         if (const std::vector<ComponentRecord>* children = childrenOf(record)) {
             addChildren(position, record.components ? holder : *record.document, *children);
         }
-        instances_[static_cast<std::size_t>(position)].end = static_cast<std::int32_t>(instances_.size());
+        at(position).end = count();
         if (!record.components && record.document && record.document->kind == DocumentKind::assembly) {
             const ConfigurationRecord& active =
                 record.document->configurations[record.document->activeConfiguration];
-            applyBelow(position, active,
-                       active.displayStates.empty() ? nullptr : &active.displayStates.front());
+            applyBelow(position, active, firstDisplayState(active));
         }
     }
 }
@@ -75,9 +83,8 @@ std::vector<std::int32_t> ComponentInstances::findAll(const std::u16string& full
 }
 
 Placement ComponentInstances::inRootSpace(std::int32_t position, Placement placement) const {
-    const auto parentOf = [&](std::int32_t at) { return instances_[static_cast<std::size_t>(at)].parent; };
-    for (std::int32_t parent = parentOf(position); parent > 0; parent = parentOf(parent)) {
-        const Placement* above = instances_[static_cast<std::size_t>(parent)].shownPlacement();
+    for (std::int32_t parent = at(position).parent; parent > 0; parent = at(parent).parent) {
+        const Placement* above = at(parent).shownPlacement();
         placement = multiplyPlacements(placement, above ? *above : kIdentityPlacement);
     }
     return placement;
@@ -97,12 +104,12 @@ void ComponentInstances::apply(const ConfigurationRecord& configuration,
 /// stand below other components of the same name too; those are not meant.
 template <class Change>
 void ComponentInstances::changeNamed(std::int32_t top, const std::u16string& name, Change change) {
-    const ComponentInstance& above = instances_[static_cast<std::size_t>(top)];
-    const std::int32_t end = top == 0 ? static_cast<std::int32_t>(instances_.size()) : above.end;
+    const ComponentInstance& above = at(top);
+    const std::int32_t end = top == 0 ? count() : above.end;
     const auto [first, last] = positionsByName_.equal_range(top == 0 ? name : above.fullName + u"/" + name);
     for (auto found = first; found != last; ++found) {
         if (found->second > top && found->second < end) {
-            change(instances_[static_cast<std::size_t>(found->second)]);
+            change(at(found->second));
         }
     }
 }

@@ -11,8 +11,8 @@ namespace orvane::embedded {
 
 /// One component of the opened assembly, its sub-assemblies instanced. Position 0 is the root component.
 struct ComponentInstance {
-    const ComponentRecord* record = nullptr; ///< null for the root
-    const ModelDocument* holder = nullptr;   ///< the document that holds the record
+    const ComponentRecord* component = nullptr; ///< null for the root
+    const ModelDocument* holder = nullptr;      ///< the document that holds the record
     std::int32_t parent = -1;
     std::int32_t firstChild = -1;
     std::int32_t nextSibling = -1;
@@ -27,9 +27,15 @@ struct ComponentInstance {
     std::u16string fullName;
 
     const Placement* shownPlacement() const { return moved ? moved : placement; }
+    /// Where it stands at present relative to its parent: where it has no placement its fallback, and where
+    /// it has neither the identity.
+    const Placement& restPlacement() const;
     /// Whether its model is there: a lightweight component is loaded once it is resolved.
-    bool isLoaded() const { return (!record || record->loaded) && state != 1; }
+    bool isLoaded() const { return (!component || component->loaded) && state != 1; }
 };
+
+/// The display state that a configuration opens with; null where it has none.
+const DisplayStateRecord* firstDisplayState(const ConfigurationRecord& configuration);
 
 /// All components of an assembly, depth first, in the shape that one configuration and display state
 /// give them.
@@ -53,8 +59,12 @@ public:
     /// identity.
     Placement inRootSpace(std::int32_t position, Placement placement) const;
 
-    std::vector<ComponentInstance>& all() { return instances_; }
-    const std::vector<ComponentInstance>& all() const { return instances_; }
+    /// All of them, the root included.
+    std::int32_t count() const { return static_cast<std::int32_t>(instances_.size()); }
+    ComponentInstance& at(std::int32_t position) { return instances_[static_cast<std::size_t>(position)]; }
+    const ComponentInstance& at(std::int32_t position) const {
+        return instances_[static_cast<std::size_t>(position)];
+    }
 
 private:
     struct BaseState {

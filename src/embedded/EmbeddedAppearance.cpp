@@ -1,5 +1,5 @@
-#include "embedded/EmbeddedSession.h"
-#include "embedded/HostFlag.h"
+#include "embedded/EmbeddedObject.h"
+#include "embedded/HostAnswers.h"
 #include "model/records/HostPath.h"
 
 #include <utility>
@@ -13,13 +13,12 @@ std::u16string pathOf(const std::string& file) {
     return file.empty() ? std::u16string() : toHostPath(std::filesystem::path(file));
 }
 
-class EmbeddedAppearance final : public HostAppearance {
+class EmbeddedAppearance final : public EmbeddedItem<HostAppearance, AppearanceRecord> {
 public:
     /// `component` is what the appearance is applied to where the record does not say; it may be empty.
     EmbeddedAppearance(SessionRef session, const ModelDocument& document, const AppearanceRecord& record,
                        HostRef<HostComponent> component)
-        : session_(std::move(session)), document_(document), record_(record),
-          component_(std::move(component)) {}
+        : EmbeddedItem(std::move(session), document, record), component_(std::move(component)) {}
 
     std::u16string appearanceFileName() const override { return pathOf(record_.file); }
     std::u16string bumpTextureFileName() const override { return pathOf(record_.bumpTexture); }
@@ -54,8 +53,7 @@ public:
     }
 
     std::int32_t entityCount() const override {
-        return record_.hasAppliedTo ? static_cast<std::int32_t>(record_.appliedTo.size())
-                                    : (component_ ? 1 : 0);
+        return record_.hasAppliedTo ? countOf(record_.appliedTo) : (component_ ? 1 : 0);
     }
     std::vector<HostRef<HostObject>> entities() const override {
         std::vector<HostRef<HostObject>> entities;
@@ -67,8 +65,6 @@ public:
         }
         return entities;
     }
-
-    const void* identity() const noexcept override { return &record_; }
 
 private:
     HostRef<HostObject> entityOf(const EntityRecord& entity) const {
@@ -92,23 +88,19 @@ private:
         return document_.bodies[static_cast<std::size_t>(position)];
     }
 
-    SessionRef session_;
-    const ModelDocument& document_;
-    const AppearanceRecord& record_;
     HostRef<HostComponent> component_;
 };
 
-class EmbeddedDecal final : public HostDecal {
+class EmbeddedDecal final : public EmbeddedItem<HostDecal, DecalRecord> {
 public:
     EmbeddedDecal(SessionRef session, const ModelDocument& document, const DecalRecord& record,
                   HostRef<HostComponent> component)
-        : session_(std::move(session)), document_(document), record_(record),
-          component_(std::move(component)) {}
+        : EmbeddedItem(std::move(session), document, record), component_(std::move(component)) {}
 
     std::int32_t decalId() const override { return record_.id; }
     std::u16string maskFileName() const override { return pathOf(record_.maskFile); }
     std::int16_t maskInvert() const override { return toFlag(record_.maskInvert); }
-    std::int32_t idCount() const override { return static_cast<std::int32_t>(record_.ids.size()); }
+    std::int32_t idCount() const override { return countOf(record_.ids); }
     std::vector<std::int32_t> ids() const override { return record_.ids; }
     HostRef<HostAppearance> appearance() const override {
         return record_.appearance
@@ -116,12 +108,7 @@ public:
                    : HostRef<EmbeddedAppearance>();
     }
 
-    const void* identity() const noexcept override { return &record_; }
-
 private:
-    SessionRef session_;
-    const ModelDocument& document_;
-    const DecalRecord& record_;
     HostRef<HostComponent> component_;
 };
 

@@ -1,4 +1,5 @@
-#include "embedded/EmbeddedSession.h"
+#include "embedded/EmbeddedObject.h"
+#include "embedded/HostAnswers.h"
 
 #include <algorithm>
 #include <string_view>
@@ -9,10 +10,9 @@ namespace orvane::embedded {
 
 namespace {
 
-class EmbeddedFace final : public HostFace {
+class EmbeddedFace final : public EmbeddedItem<HostFace, FaceRecord> {
 public:
-    EmbeddedFace(SessionRef session, const ModelDocument& document, const FaceRecord& record)
-        : session_(std::move(session)), document_(document), record_(record) {}
+    using EmbeddedItem::EmbeddedItem;
 
     void faceTriangleCount(std::int32_t& count) const override {
         count = static_cast<std::int32_t>(record_.positions.size() / 9);
@@ -37,8 +37,6 @@ public:
     }
     void writeFaceMark(std::int32_t mark) override { session_->faceMarks[&record_] = mark; }
 
-    const void* identity() const noexcept override { return &record_; }
-
 private:
     /// Numbers that the record does not hold are zeros.
     static bool fill(const std::vector<float>& source, std::span<float> target) {
@@ -47,19 +45,14 @@ private:
         std::ranges::fill(target.subspan(count), 0.0f);
         return true;
     }
-
-    SessionRef session_;
-    const ModelDocument& document_;
-    const FaceRecord& record_;
 };
 
-class EmbeddedBody final : public HostBody {
+class EmbeddedBody final : public EmbeddedItem<HostBody, BodyRecord> {
 public:
-    EmbeddedBody(SessionRef session, const ModelDocument& document, const BodyRecord& record)
-        : session_(std::move(session)), document_(document), record_(record) {}
+    using EmbeddedItem::EmbeddedItem;
 
     std::u16string bodyName() const override { return record_.name; }
-    std::int32_t bodyFaceCount() const override { return static_cast<std::int32_t>(record_.faces.size()); }
+    std::int32_t bodyFaceCount() const override { return countOf(record_.faces); }
     std::vector<HostRef<HostFace>> bodyFaces(std::int32_t count) const override {
         const std::size_t wanted =
             std::min(record_.faces.size(), static_cast<std::size_t>(std::max(count, 0)));
@@ -70,12 +63,6 @@ public:
         }
         return faces;
     }
-    const void* identity() const noexcept override { return &record_; }
-
-private:
-    SessionRef session_;
-    const ModelDocument& document_;
-    const BodyRecord& record_;
 };
 
 class EmbeddedBodyEnumerator final : public HostBodyEnumerator {

@@ -1,16 +1,14 @@
+#include "embedded/EmbeddedObject.h"
 #include "embedded/EmbeddedView.h"
-#include "embedded/HostFlag.h"
-
-#include <utility>
+#include "embedded/HostAnswers.h"
 
 namespace orvane::embedded {
 
 namespace {
 
-class EmbeddedCamera final : public HostCamera {
+class EmbeddedCamera final : public EmbeddedObject<HostCamera, CameraRecord> {
 public:
-    EmbeddedCamera(SessionRef session, const CameraRecord& record)
-        : session_(std::move(session)), record_(record) {}
+    using EmbeddedObject::EmbeddedObject;
 
     HostRef<HostMathPoint> cameraPosition() const override { return makePoint(record_.position); }
     HostRef<HostMathVector> cameraUp() const override { return makeVector(record_.up); }
@@ -19,12 +17,7 @@ public:
     double cameraFieldOfView() const override { return record_.fieldOfView; }
     std::int16_t cameraPerspective() const override { return toFlag(record_.perspective); }
 
-    const void* identity() const noexcept override { return &record_; }
     const CameraRecord& record() const { return record_; }
-
-private:
-    SessionRef session_;
-    const CameraRecord& record_;
 };
 
 } // namespace

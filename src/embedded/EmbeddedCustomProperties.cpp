@@ -1,38 +1,31 @@
 #include "embedded/EmbeddedMetadata.h"
-
-#include <utility>
+#include "embedded/EmbeddedObject.h"
+#include "embedded/HostAnswers.h"
 
 namespace orvane::embedded {
 
 namespace {
 
-class EmbeddedCustomProperties final : public HostCustomProperties {
+class EmbeddedCustomProperties final : public EmbeddedObject<HostCustomProperties, ConfigurationRecord> {
 public:
-    EmbeddedCustomProperties(SessionRef session, const std::vector<CustomPropertyRecord>& records)
-        : session_(std::move(session)), records_(records) {}
+    using EmbeddedObject::EmbeddedObject;
 
-    std::int32_t propertyCount() const override { return static_cast<std::int32_t>(records_.size()); }
+    std::int32_t propertyCount() const override { return countOf(record_.customProperties); }
     std::vector<HostCustomProperty> properties() const override {
         std::vector<HostCustomProperty> properties;
-        properties.reserve(records_.size());
-        for (const CustomPropertyRecord& record : records_) {
+        properties.reserve(record_.customProperties.size());
+        for (const CustomPropertyRecord& record : record_.customProperties) {
             properties.push_back({record.name, record.value, record.type});
         }
         return properties;
     }
-
-    const void* identity() const noexcept override { return &records_; }
-
-private:
-    SessionRef session_; // keeps the records
-    const std::vector<CustomPropertyRecord>& records_;
 };
 
 } // namespace
 
 HostRef<HostCustomProperties> makeCustomProperties(const SessionRef& session,
                                                    const ConfigurationRecord& configuration) {
-    return makeHostObject<EmbeddedCustomProperties>(session, configuration.customProperties);
+    return makeHostObject<EmbeddedCustomProperties>(session, configuration);
 }
 
 } // namespace orvane::embedded

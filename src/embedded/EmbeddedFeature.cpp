@@ -1,8 +1,7 @@
 #include "embedded/EmbeddedMetadata.h"
-#include "embedded/EmbeddedSession.h"
+#include "embedded/EmbeddedObject.h"
 #include "embedded/EmbeddedView.h"
-
-#include <utility>
+#include "embedded/HostAnswers.h"
 
 namespace orvane::embedded {
 
@@ -11,16 +10,12 @@ namespace {
 /// A seed that is no feature: the model document does not say what else it is.
 class EmbeddedOtherSeed final : public HostObject {};
 
-class EmbeddedFeatureDefinition final : public HostFeatureDefinition {
+class EmbeddedFeatureDefinition final : public EmbeddedItem<HostFeatureDefinition, FeatureDefinitionRecord> {
 public:
-    EmbeddedFeatureDefinition(SessionRef session, const ModelDocument& document,
-                              const FeatureDefinitionRecord& record)
-        : session_(std::move(session)), document_(document), record_(record) {}
+    using EmbeddedItem::EmbeddedItem;
 
     bool definitionPropagate() const override { return record_.propagate; }
-    std::int32_t definitionSeedCount() const override {
-        return static_cast<std::int32_t>(record_.seeds.size());
-    }
+    std::int32_t definitionSeedCount() const override { return countOf(record_.seeds); }
     std::vector<HostRef<HostObject>> definitionSeeds() const override {
         std::vector<HostRef<HostObject>> seeds;
         for (const std::int32_t seed : record_.seeds) {
@@ -29,20 +24,13 @@ public:
         }
         return seeds;
     }
-
-    const void* identity() const noexcept override { return &record_; }
-
-private:
-    SessionRef session_;
-    const ModelDocument& document_;
-    const FeatureDefinitionRecord& record_;
 };
 
-class EmbeddedFeature final : public HostFeature {
+class EmbeddedFeature final : public EmbeddedItem<HostFeature, FeatureRecord> {
 public:
     EmbeddedFeature(SessionRef session, const ModelDocument& document, std::int32_t position)
-        : session_(std::move(session)), document_(document), position_(position),
-          record_(document.features[static_cast<std::size_t>(position)]) {}
+        : EmbeddedItem(std::move(session), document, document.features[static_cast<std::size_t>(position)]),
+          position_(position) {}
 
     std::u16string featureName() const override { return record_.name; }
     std::u16string featureTypeName() const override { return record_.type; }
@@ -65,8 +53,6 @@ public:
     }
     HostRef<HostCommentFolder> commentFolder() const override { return makeCommentFolder(session_, record_); }
 
-    const void* identity() const noexcept override { return &record_; }
-
 private:
     /// The next feature that stands directly below `parent`, and behind this one.
     HostRef<HostFeature> nextBelow(std::int32_t parent) const {
@@ -83,10 +69,7 @@ private:
         return {};
     }
 
-    SessionRef session_;
-    const ModelDocument& document_;
     std::int32_t position_;
-    const FeatureRecord& record_;
 };
 
 } // namespace

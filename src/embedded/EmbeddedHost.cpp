@@ -1,6 +1,7 @@
 #include "embedded/EmbeddedHost.h"
 
 #include "embedded/EmbeddedSession.h"
+#include "embedded/HostAnswers.h"
 
 #include <utility>
 
@@ -15,9 +16,7 @@ public:
     explicit EmbeddedApplication(SessionRef session) : session_(std::move(session)) {}
 
     HostRef<HostModelDoc> activeDocument() override { return makeModelDoc(session_, session_->opened()); }
-    std::int32_t openDocumentCount() override {
-        return static_cast<std::int32_t>(session_->model.documents.size());
-    }
+    std::int32_t openDocumentCount() override { return countOf(session_->model.documents); }
     std::vector<HostRef<HostModelDoc>> openDocuments() override {
         std::vector<HostRef<HostModelDoc>> documents;
         for (const auto& document : session_->model.documents) {

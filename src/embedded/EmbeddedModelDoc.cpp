@@ -1,91 +1,67 @@
 #include "embedded/EmbeddedLights.h"
 #include "embedded/EmbeddedMetadata.h"
-#include "embedded/EmbeddedSession.h"
+#include "embedded/EmbeddedObject.h"
 #include "embedded/EmbeddedView.h"
+#include "embedded/HostAnswers.h"
 #include "embedded/ShownBox.h"
 
 #include <algorithm>
-#include <utility>
+#include <span>
 
 namespace orvane::embedded {
 
 namespace {
 
-class EmbeddedPart final : public HostPart {
+class EmbeddedPart final : public EmbeddedObject<HostPart, ModelDocument> {
 public:
-    EmbeddedPart(SessionRef session, const ModelDocument& document)
-        : session_(std::move(session)), document_(document) {}
+    using EmbeddedObject::EmbeddedObject;
 
-    HostRef<HostModelDoc> getModelDoc() const override { return makeModelDoc(session_, document_); }
+    HostRef<HostModelDoc> getModelDoc() const override { return makeModelDoc(session_, record_); }
     HostRef<HostBodyEnumerator> enumerateBodies(std::int32_t bodyType,
                                                 std::int16_t visibleOnly) const override {
-        return makeBodyEnumerator(session_, document_, bodyType, visibleOnly != 0);
+        return makeBodyEnumerator(session_, record_, bodyType, visibleOnly != 0);
     }
-    std::optional<HostBox> partBox(std::int16_t) const override { return shownBox(*session_, document_); }
-
-private:
-    SessionRef session_;
-    const ModelDocument& document_;
+    std::optional<HostBox> partBox(std::int16_t) const override { return shownBox(*session_, record_); }
 };
 
-class EmbeddedAssembly final : public HostAssembly {
+class EmbeddedAssembly final : public EmbeddedObject<HostAssembly, ModelDocument> {
 public:
-    EmbeddedAssembly(SessionRef session, const ModelDocument& document)
-        : session_(std::move(session)), document_(document) {}
+    using EmbeddedObject::EmbeddedObject;
 
-    std::int32_t componentCount() const override {
-        return static_cast<std::int32_t>(session_->componentsOf(document_).all().size()) - 1;
-    }
+    std::int32_t componentCount() const override { return session_->componentsOf(record_).count() - 1; }
     std::vector<HostRef<HostComponent>> components() const override {
         std::vector<HostRef<HostComponent>> components;
         for (std::int32_t i = 1; i <= componentCount(); ++i) {
-            components.push_back(makeComponent(session_, document_, i));
+            components.push_back(makeComponent(session_, record_, i));
         }
         return components;
     }
-    std::optional<HostBox> assemblyBox() const override { return shownBox(*session_, document_); }
+    std::optional<HostBox> assemblyBox() const override { return shownBox(*session_, record_); }
 
-    std::int32_t countExplodedViews() const override {
-        return static_cast<std::int32_t>(document_.explodedViews.size());
-    }
+    std::int32_t countExplodedViews() const override { return countOf(record_.explodedViews); }
     std::vector<std::u16string> listExplodedViewNames() override {
-        std::vector<std::u16string> names;
-        for (const ExplodedViewRecord& view : document_.explodedViews) {
-            names.push_back(view.name);
-        }
-        if (&document_ == &session_->opened()) {
+        if (session_->isOpened(record_)) {
             session_->studies->restartExplodedViews();
         }
-        return names;
+        return namesOf(record_.explodedViews);
     }
-
-private:
-    SessionRef session_;
-    const ModelDocument& document_;
 };
 
-class EmbeddedDocExtension final : public HostDocExtension {
+class EmbeddedDocExtension final : public EmbeddedObject<HostDocExtension, ModelDocument> {
 public:
-    EmbeddedDocExtension(SessionRef session, const ModelDocument& document)
-        : session_(std::move(session)), document_(document) {}
+    using EmbeddedObject::EmbeddedObject;
 
-    std::int32_t decalCount() const override { return static_cast<std::int32_t>(document_.decals.size()); }
+    std::int32_t decalCount() const override { return countOf(record_.decals); }
     std::vector<HostRef<HostDecal>> decals() const override {
-        return makeDecals(session_, document_, document_.decals, {});
+        return makeDecals(session_, record_, record_.decals, {});
     }
-    std::int32_t annotationCount() const override {
-        return static_cast<std::int32_t>(document_.annotations.size());
-    }
+    std::int32_t annotationCount() const override { return countOf(record_.annotations); }
     std::vector<HostRef<HostAnnotation>> annotations() const override {
-        return makeAnnotations(session_, document_);
+        return makeAnnotations(session_, record_);
     }
     HostRef<HostObject> studyManagerObject() override {
-        return &document_ == &session_->opened() ? makeStudyManager(session_) : HostRef<HostObject>();
+        return session_->isOpened(record_) ? makeStudyManager(session_) : HostRef<HostObject>();
     }
-
-private:
-    SessionRef session_;
-    const ModelDocument& document_;
 };
 
 /// Whether an appearance is listed while this configuration and display state are active.
@@ -101,59 +77,51 @@ bool isListed(const AppearanceRecord& appearance, const ConfigurationRecord& con
     return goesWithConfiguration && goesWithState;
 }
 
-class EmbeddedModelDoc final : public HostModelDoc {
+class EmbeddedModelDoc final : public EmbeddedObject<HostModelDoc, ModelDocument> {
 public:
-    EmbeddedModelDoc(SessionRef session, const ModelDocument& document)
-        : session_(std::move(session)), document_(document) {}
+    using EmbeddedObject::EmbeddedObject;
 
     std::int32_t getDocumentType() const override {
-        return document_.kind == DocumentKind::assembly ? kAssemblyDocument : kPartDocument;
+        return record_.kind == DocumentKind::assembly ? kAssemblyDocument : kPartDocument;
     }
-    std::u16string documentTitle() const override { return document_.title; }
-    std::u16string documentPath() const override { return document_.path; }
+    std::u16string documentTitle() const override { return record_.title; }
+    std::u16string documentPath() const override { return record_.path; }
 
     HostRef<HostPart> partInterface() override {
-        return document_.kind == DocumentKind::part ? makeHostObject<EmbeddedPart>(session_, document_)
-                                                    : HostRef<EmbeddedPart>();
+        return record_.kind == DocumentKind::part ? makeHostObject<EmbeddedPart>(session_, record_)
+                                                  : HostRef<EmbeddedPart>();
     }
     HostRef<HostAssembly> assemblyInterface() override {
-        return document_.kind == DocumentKind::assembly
-                   ? makeHostObject<EmbeddedAssembly>(session_, document_)
-                   : HostRef<EmbeddedAssembly>();
+        return record_.kind == DocumentKind::assembly ? makeHostObject<EmbeddedAssembly>(session_, record_)
+                                                      : HostRef<EmbeddedAssembly>();
     }
     HostRef<HostDocExtension> extension() override {
-        return makeHostObject<EmbeddedDocExtension>(session_, document_);
+        return makeHostObject<EmbeddedDocExtension>(session_, record_);
     }
 
     std::vector<HostRef<HostAppearance>> appearances() override {
         std::vector<HostRef<HostAppearance>> listed;
-        for (const AppearanceRecord& appearance : document_.appearances) {
-            if (isListed(appearance, session_->configurationOf(document_),
-                         session_->displayStateOf(document_))) {
-                listed.push_back(makeAppearance(session_, document_, appearance));
+        for (const AppearanceRecord& appearance : record_.appearances) {
+            if (isListed(appearance, session_->configurationOf(record_), session_->displayStateOf(record_))) {
+                listed.push_back(makeAppearance(session_, record_, appearance));
             }
         }
         return listed;
     }
 
     HostRef<HostFeature> firstFeature() override {
-        return makeFeature(session_, document_, document_.features.empty() ? -1 : 0);
+        return makeFeature(session_, record_, record_.features.empty() ? -1 : 0);
     }
 
-    HostRef<HostDesignTable> designTable() override { return makeDesignTable(session_, document_); }
+    HostRef<HostDesignTable> designTable() override { return makeDesignTable(session_, record_); }
 
     // There is one view on the screen, and it is that of the opened document.
     HostRef<HostView> activeView() override { return isOpened() ? makeView(session_) : HostRef<HostView>(); }
     void setActiveView(const HostRef<HostView>&) override {}
-    std::int32_t countNamedViews() const override {
-        return static_cast<std::int32_t>(document_.namedViews.size());
-    }
+    std::int32_t countNamedViews() const override { return countOf(record_.namedViews); }
     std::vector<std::u16string> listNamedViews(std::int32_t count) const override {
-        std::vector<std::u16string> names;
-        for (std::int32_t i = 0; i < std::min(count, countNamedViews()); ++i) {
-            names.push_back(document_.namedViews[static_cast<std::size_t>(i)].name);
-        }
-        return names;
+        const auto wanted = static_cast<std::size_t>(std::clamp(count, 0, countNamedViews()));
+        return namesOf(std::span(record_.namedViews).first(wanted));
     }
     void showNamedView(const std::u16string& name) override {
         if (isOpened()) {
@@ -161,7 +129,7 @@ public:
         }
     }
 
-    std::int32_t countLights() const override { return static_cast<std::int32_t>(document_.lights.size()); }
+    std::int32_t countLights() const override { return countOf(record_.lights); }
     std::u16string lightInternalName(std::int32_t number) const override {
         const LightRecord* light = findLight(number);
         return light ? light->name : std::u16string();
@@ -177,58 +145,34 @@ public:
     }
 
     HostRef<HostConfiguration> getActiveConfiguration() override {
-        return makeConfiguration(session_, document_,
-                                 isOpened() ? session_->activeConfiguration : document_.activeConfiguration);
+        return makeConfiguration(session_, record_, session_->configurationOf(record_));
     }
     std::optional<std::int32_t> getConfigurationCount() const override {
-        return static_cast<std::int32_t>(document_.configurations.size());
+        return countOf(record_.configurations);
     }
     std::vector<std::u16string> getConfigurationNames() const override {
-        std::vector<std::u16string> names;
-        for (const ConfigurationRecord& configuration : document_.configurations) {
-            names.push_back(configuration.name);
-        }
-        return names;
+        return namesOf(record_.configurations);
     }
     HostRef<HostConfiguration> getConfigurationByName(const std::u16string& name) override {
-        const std::optional<std::size_t> position = findConfiguration(name);
-        return position ? makeConfiguration(session_, document_, *position) : HostRef<HostConfiguration>();
+        const ConfigurationRecord* found = session_->findConfiguration(record_, name);
+        return found ? makeConfiguration(session_, record_, *found) : HostRef<HostConfiguration>();
     }
     bool showConfiguration(const std::u16string& name) override {
-        const std::optional<std::size_t> position = findConfiguration(name);
-        if (!position || !isOpened()) {
+        const ConfigurationRecord* found = session_->findConfiguration(record_, name);
+        if (!found || !isOpened()) {
             return false;
         }
-        session_->showConfiguration(*position);
+        session_->showConfiguration(*found);
         return true;
     }
 
-    const void* identity() const noexcept override { return &document_; }
-
 private:
-    bool isOpened() const { return &document_ == &session_->opened(); }
+    bool isOpened() const { return session_->isOpened(record_); }
 
     const LightRecord* findLight(std::int32_t number) const {
-        return number >= 0 && number < countLights() ? &document_.lights[static_cast<std::size_t>(number)]
+        return number >= 0 && number < countLights() ? &record_.lights[static_cast<std::size_t>(number)]
                                                      : nullptr;
     }
-
-    std::optional<std::size_t> findConfiguration(const std::u16string& name) const {
-        if (isOpened()) {
-            const auto found = session_->configurationsByName.find(name);
-            return found == session_->configurationsByName.end() ? std::nullopt
-                                                                 : std::optional(found->second);
-        }
-        for (std::size_t i = 0; i < document_.configurations.size(); ++i) {
-            if (document_.configurations[i].name == name) {
-                return i;
-            }
-        }
-        return std::nullopt;
-    }
-
-    SessionRef session_;
-    const ModelDocument& document_;
 };
 
 } // namespace

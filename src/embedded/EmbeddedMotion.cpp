@@ -1,4 +1,5 @@
 #include "embedded/EmbeddedSession.h"
+#include "embedded/HostAnswers.h"
 #include "host/HostMotionStudyManager.h"
 
 #include <utility>
@@ -57,9 +58,7 @@ class EmbeddedMotionStudyManager final : public HostMotionStudyManager {
 public:
     explicit EmbeddedMotionStudyManager(SessionRef session) : session_(std::move(session)) {}
 
-    std::int32_t countStudies() const override {
-        return static_cast<std::int32_t>(session_->studies->all().size());
-    }
+    std::int32_t countStudies() const override { return countOf(session_->studies->all()); }
     std::vector<std::u16string> listStudyNames() const override {
         std::vector<std::u16string> names;
         for (const StudyRef& study : session_->studies->all()) {

@@ -1,5 +1,6 @@
 #include "embedded/EmbeddedSession.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvane::embedded {
@@ -7,10 +8,10 @@ namespace orvane::embedded {
 EmbeddedSession::EmbeddedSession(Model openedModel, std::u16string folder)
     : model(std::move(openedModel)), hostInstallFolder(std::move(folder)) {
     const ModelDocument& document = opened();
-    for (std::size_t i = 0; i < document.configurations.size(); ++i) {
-        configurationsByName.try_emplace(document.configurations[i].name, i);
+    for (const ConfigurationRecord& configuration : document.configurations) {
+        configurationsByName_.try_emplace(configuration.name, &configuration);
     }
-    showConfiguration(document.activeConfiguration);
+    showConfiguration(document.configurations[document.activeConfiguration]);
     if (document.view) {
         screen.show(*document.view);
     }
@@ -26,23 +27,30 @@ ComponentInstances& EmbeddedSession::componentsOf(const ModelDocument& assembly)
 }
 
 const ConfigurationRecord& EmbeddedSession::configurationOf(const ModelDocument& document) const {
-    const bool isOpened = &document == &opened();
-    return document.configurations[isOpened ? activeConfiguration : document.activeConfiguration];
+    return isOpened(document) ? *activeConfiguration_ : document.configurations[document.activeConfiguration];
 }
 
 const DisplayStateRecord* EmbeddedSession::displayStateOf(const ModelDocument& document) const {
-    const std::size_t position = &document == &opened() ? activeDisplayState : 0;
-    const auto& states = configurationOf(document).displayStates;
-    return position < states.size() ? &states[position] : nullptr;
+    return isOpened(document) ? activeDisplayState_ : firstDisplayState(configurationOf(document));
 }
 
-void EmbeddedSession::showConfiguration(std::size_t position) {
-    activeConfiguration = position;
-    applyDisplayState(0);
+const ConfigurationRecord* EmbeddedSession::findConfiguration(const ModelDocument& document,
+                                                              const std::u16string& name) const {
+    if (isOpened(document)) {
+        const auto found = configurationsByName_.find(name);
+        return found == configurationsByName_.end() ? nullptr : found->second;
+    }
+    const auto found = std::ranges::find(document.configurations, name, &ConfigurationRecord::name);
+    return found == document.configurations.end() ? nullptr : &*found;
 }
 
-void EmbeddedSession::applyDisplayState(std::size_t position) {
-    activeDisplayState = position;
+void EmbeddedSession::showConfiguration(const ConfigurationRecord& configuration) {
+    activeConfiguration_ = &configuration;
+    applyDisplayState(firstDisplayState(configuration));
+}
+
+void EmbeddedSession::applyDisplayState(const DisplayStateRecord* displayState) {
+    activeDisplayState_ = displayState;
     if (opened().kind == DocumentKind::assembly) {
         componentsOf(opened()).apply(configurationOf(opened()), displayStateOf(opened()));
     }

@@ -32,10 +32,15 @@ struct EmbeddedSession {
     EmbeddedSession(Model openedModel, std::u16string folder);
 
     const ModelDocument& opened() const { return *model.documents.front(); }
+    bool isOpened(const ModelDocument& document) const { return &document == &opened(); }
+
+    /// The first configuration of that name; null where there is none.
+    const ConfigurationRecord* findConfiguration(const ModelDocument& document,
+                                                 const std::u16string& name) const;
     /// Makes a configuration of the opened document active and applies its first display state.
-    void showConfiguration(std::size_t position);
-    /// Applies a display state of the active configuration.
-    void applyDisplayState(std::size_t position);
+    void showConfiguration(const ConfigurationRecord& configuration);
+    /// Applies a display state of the active configuration; null where that has none.
+    void applyDisplayState(const DisplayStateRecord* displayState);
 
     /// The active configuration of any document; only that of the opened one changes.
     const ConfigurationRecord& configurationOf(const ModelDocument& document) const;
@@ -47,16 +52,16 @@ struct EmbeddedSession {
 
     Model model;
     std::u16string hostInstallFolder;
-    std::size_t activeConfiguration = 0; ///< of the opened document
-    std::size_t activeDisplayState = 0;  ///< of that configuration
-    std::unordered_map<std::u16string, std::size_t>
-        configurationsByName; ///< of the opened document, first one of a name
     std::unordered_map<const FaceRecord*, std::int32_t>
         faceMarks; ///< those that differ from the face's own value
     ScreenState screen;
     std::optional<EmbeddedStudies> studies; ///< of the opened document; there from the start
 
 private:
+    const ConfigurationRecord* activeConfiguration_ = nullptr; ///< of the opened document
+    const DisplayStateRecord* activeDisplayState_ = nullptr;   ///< of that configuration
+    std::unordered_map<std::u16string, const ConfigurationRecord*>
+        configurationsByName_; ///< of the opened document, first one of a name
     std::unordered_map<const ModelDocument*, ComponentInstances> components_; ///< made when asked for
 };
 
@@ -66,7 +71,7 @@ using SessionRef = std::shared_ptr<EmbeddedSession>;
 
 HostRef<HostModelDoc> makeModelDoc(const SessionRef& session, const ModelDocument& document);
 HostRef<HostConfiguration> makeConfiguration(const SessionRef& session, const ModelDocument& document,
-                                             std::size_t position);
+                                             const ConfigurationRecord& configuration);
 /// `position` is that of the instance among the components of `assembly`.
 HostRef<HostComponent> makeComponent(const SessionRef& session, const ModelDocument& assembly,
                                      std::int32_t position);

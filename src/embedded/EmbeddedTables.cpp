@@ -1,6 +1,6 @@
 #include "embedded/EmbeddedMetadata.h"
-
-#include <utility>
+#include "embedded/EmbeddedObject.h"
+#include "embedded/HostAnswers.h"
 
 namespace orvane::embedded {
 
@@ -10,82 +10,57 @@ using TableText = std::optional<std::u16string>;
 
 /// Nothing for a position that the list does not have.
 TableText textAt(const std::vector<TableText>& texts, std::int32_t position) {
-    return position >= 0 && static_cast<std::size_t>(position) < texts.size()
-               ? texts[static_cast<std::size_t>(position)]
-               : TableText();
+    return position >= 0 && position < countOf(texts) ? texts[static_cast<std::size_t>(position)]
+                                                      : TableText();
 }
 
-TableText entryAt(const TableRecord& table, std::int32_t row, std::int32_t column) {
-    return row >= 0 && static_cast<std::size_t>(row) < table.rows.size()
-               ? textAt(table.rows[static_cast<std::size_t>(row)], column)
-               : TableText();
-}
-
-class EmbeddedDesignTable final : public HostDesignTable {
+/// What the two kinds of tables answer alike.
+template <class Interface>
+class EmbeddedTable : public EmbeddedObject<Interface, TableRecord> {
 public:
-    EmbeddedDesignTable(SessionRef session, const TableRecord& record)
-        : session_(std::move(session)), record_(record) {}
+    using EmbeddedObject<Interface, TableRecord>::EmbeddedObject;
+
+    TableText tableTitle() const final { return record_.title; }
+    TableText headerText(std::int32_t column) const final { return textAt(record_.headers, column); }
+    TableText entryText(std::int32_t row, std::int32_t column) const final {
+        return row >= 0 && row < countOf(record_.rows)
+                   ? textAt(record_.rows[static_cast<std::size_t>(row)], column)
+                   : TableText();
+    }
+
+protected:
+    using EmbeddedObject<Interface, TableRecord>::record_;
+};
+
+class EmbeddedDesignTable final : public EmbeddedTable<HostDesignTable> {
+public:
+    using EmbeddedTable::EmbeddedTable;
 
     bool attach() override { return record_.attach; }
     void detach() override {}
-
-    std::int32_t totalRowCount() const override { return static_cast<std::int32_t>(record_.rows.size()); }
-    std::int32_t totalColumnCount() const override {
-        return static_cast<std::int32_t>(record_.headers.size());
-    }
+    std::int32_t totalRowCount() const override { return countOf(record_.rows); }
+    std::int32_t totalColumnCount() const override { return countOf(record_.headers); }
     std::int32_t headerRow() const override { return record_.startRow; }
     std::int32_t firstColumn() const override { return record_.startColumn; }
-
-    TableText tableTitle() const override { return record_.title; }
-    TableText headerText(std::int32_t column) const override { return textAt(record_.headers, column); }
-    TableText entryText(std::int32_t row, std::int32_t column) const override {
-        return entryAt(record_, row, column);
-    }
-
-    const void* identity() const noexcept override { return &record_; }
-
-private:
-    SessionRef session_; // keeps the record
-    const TableRecord& record_;
 };
 
-class EmbeddedGeneralTable final : public HostGeneralTable {
+class EmbeddedGeneralTable final : public EmbeddedTable<HostGeneralTable> {
 public:
-    EmbeddedGeneralTable(SessionRef session, const TableRecord& record)
-        : session_(std::move(session)), record_(record) {}
+    using EmbeddedTable::EmbeddedTable;
 
-    std::int32_t columnCount() const override { return static_cast<std::int32_t>(record_.headers.size()); }
-    std::int32_t rowCount() const override { return static_cast<std::int32_t>(record_.rows.size()); }
-
-    TableText tableTitle() const override { return record_.title; }
-    TableText headerText(std::int32_t column) const override { return textAt(record_.headers, column); }
-    TableText entryText(std::int32_t row, std::int32_t column) const override {
-        return entryAt(record_, row, column);
-    }
-
-    const void* identity() const noexcept override { return &record_; }
-
-private:
-    SessionRef session_;
-    const TableRecord& record_;
+    std::int32_t columnCount() const override { return countOf(record_.headers); }
+    std::int32_t rowCount() const override { return countOf(record_.rows); }
 };
 
-class EmbeddedAnnotation final : public HostAnnotation {
+class EmbeddedAnnotation final : public EmbeddedObject<HostAnnotation, AnnotationRecord> {
 public:
-    EmbeddedAnnotation(SessionRef session, const AnnotationRecord& record)
-        : session_(std::move(session)), record_(record) {}
+    using EmbeddedObject::EmbeddedObject;
 
     std::int32_t annotationType() const override { return record_.type; }
     HostRef<HostObject> specificAnnotation() const override {
         return record_.table ? makeHostObject<EmbeddedGeneralTable>(session_, *record_.table)
                              : HostRef<EmbeddedGeneralTable>();
     }
-
-    const void* identity() const noexcept override { return &record_; }
-
-private:
-    SessionRef session_;
-    const AnnotationRecord& record_;
 };
 
 } // namespace

@@ -1,23 +1,21 @@
 #include "embedded/EmbeddedView.h"
 
+#include "embedded/EmbeddedObject.h"
 #include "embedded/FittedView.h"
-#include "embedded/HostFlag.h"
+#include "embedded/HostAnswers.h"
 #include "embedded/ShownBox.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace orvane::embedded {
 
 namespace {
 
-class EmbeddedView final : public HostView {
+class EmbeddedView final : public EmbeddedObject<HostView, ScreenState> {
 public:
-    explicit EmbeddedView(SessionRef session) : session_(std::move(session)) {}
+    using EmbeddedObject::EmbeddedObject;
 
-    HostRef<HostCamera> activeCamera() const override {
-        return makeCamera(session_, session_->screen.camera);
-    }
+    HostRef<HostCamera> activeCamera() const override { return makeCamera(session_, record_.camera); }
     void setActiveCamera(const HostRef<HostCamera>& camera) override {
         session_->screen.camera = cameraRecord(camera);
     }
@@ -53,8 +51,6 @@ public:
     std::int32_t viewPixelWidth() const override { return values().width; }
     std::int32_t viewPixelHeight() const override { return values().height; }
 
-    const void* identity() const noexcept override { return &session_->screen; }
-
 private:
     /// A view that fits the model costs a walk over all triangles, so it is made when it is asked for.
     ViewRecord& values() const {
@@ -64,14 +60,12 @@ private:
         }
         return *values;
     }
-
-    SessionRef session_;
 };
 
 } // namespace
 
 HostRef<HostView> makeView(const SessionRef& session) {
-    return makeHostObject<EmbeddedView>(session);
+    return makeHostObject<EmbeddedView>(session, session->screen);
 }
 
 void showNamedView(EmbeddedSession& session, const std::u16string& name) {

@@ -9,10 +9,6 @@ namespace orvane::embedded {
 
 namespace {
 
-const ComponentInstance& instanceAt(const ComponentInstances& components, std::int32_t position) {
-    return components.all()[static_cast<std::size_t>(position)];
-}
-
 /// The components that a step moves by themselves: one that stands below another of them moves with it.
 std::vector<std::int32_t> movedComponents(const ExplodeStepRecord& step,
                                           const ComponentInstances& components) {
@@ -27,28 +23,20 @@ std::vector<std::int32_t> movedComponents(const ExplodeStepRecord& step,
     for (const std::int32_t position : named) {
         if (position >= end) {
             moved.push_back(position);
-            end = instanceAt(components, position).end;
+            end = components.at(position).end;
         }
     }
     return moved;
 }
 
-Placement restPlacement(const ComponentInstance& instance) {
-    const Placement* placement = instance.shownPlacement();
-    if (!placement && instance.record && instance.record->placementFallback) {
-        placement = &*instance.record->placementFallback;
-    }
-    return placement ? *placement : kIdentityPlacement;
-}
-
 /// A translation of the root's space in the space of a component's parent.
 Vector3 inParentSpace(const ComponentInstances& components, std::int32_t position,
                       const Vector3& translation) {
-    const std::int32_t parent = instanceAt(components, position).parent;
+    const std::int32_t parent = components.at(position).parent;
     if (parent <= 0) {
         return translation;
     }
-    const Placement* own = instanceAt(components, parent).shownPlacement();
+    const Placement* own = components.at(parent).shownPlacement();
     Placement toParent = invertPlacement(components.inRootSpace(parent, own ? *own : kIdentityPlacement));
     std::fill_n(toParent.begin() + 9, 3, 0.0);
     return transformPoint(toParent, translation);
@@ -78,7 +66,7 @@ KeysByPosition explodedKeys(const ExplodedViewRecord& view, const ComponentInsta
     };
     for (std::size_t step = 0; step < view.steps.size(); ++step) {
         for (const std::int32_t position : movedComponents(view.steps[step], components)) {
-            appendMotion(keysByPosition[position], restPlacement(instanceAt(components, position)),
+            appendMotion(keysByPosition[position], components.at(position).restPlacement(),
                          inParentSpace(components, position, view.steps[step].translate), timeOf(step),
                          timeOf(step + 1));
         }

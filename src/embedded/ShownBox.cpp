@@ -54,16 +54,12 @@ std::optional<HostBox> shownBox(EmbeddedSession& session, const ModelDocument& d
         return box.box();
     }
     const ComponentInstances& components = session.componentsOf(document);
-    for (std::size_t i = 1; i < components.all().size(); ++i) {
-        const ComponentInstance& instance = components.all()[i];
-        const ModelDocument* part = instance.record->document;
+    for (std::int32_t i = 1; i < components.count(); ++i) {
+        const ComponentInstance& instance = components.at(i);
+        const ModelDocument* part = instance.component->document;
         if (part && part->kind == DocumentKind::part && instance.isLoaded() && !instance.suppressed &&
             !instance.hidden) {
-            const Placement* shown = instance.shownPlacement();
-            const Placement* own = shown                                ? shown
-                                   : instance.record->placementFallback ? &*instance.record->placementFallback
-                                                                        : &kIdentityPlacement;
-            const Placement placement = components.inRootSpace(static_cast<std::int32_t>(i), *own);
+            const Placement placement = components.inRootSpace(i, instance.restPlacement());
             addPart(session, *part, &placement, box);
         }
     }

@@ -21,7 +21,7 @@ StudyPlayback::StudyPlayback(StudyRef study, ComponentInstances* components)
     for (const std::int32_t position : positions) {
         // An instance and all below it stand one behind the other.
         if (movedRanges_.empty() || position >= movedRanges_.back().end) {
-            movedRanges_.push_back({position, components_->all()[static_cast<std::size_t>(position)].end});
+            movedRanges_.push_back({position, components_->at(position).end});
         }
     }
 }
@@ -49,7 +49,7 @@ void StudyPlayback::moveTo(Mover& mover, double seconds) {
 void StudyPlayback::seek(double seconds) {
     for (Mover& mover : movers_) {
         moveTo(mover, seconds);
-        components_->all()[static_cast<std::size_t>(mover.track.position)].moved = &mover.placement;
+        components_->at(mover.track.position).moved = &mover.placement;
     }
     if (!answers_.empty()) {
         for (const Range& range : movedRanges_) {
@@ -60,19 +60,19 @@ void StudyPlayback::seek(double seconds) {
 
 void StudyPlayback::putBack() {
     for (const Mover& mover : movers_) {
-        components_->all()[static_cast<std::size_t>(mover.track.position)].moved = nullptr;
+        components_->at(mover.track.position).moved = nullptr;
     }
     answers_.clear();
 }
 
 HostRef<HostTransform> StudyPlayback::placementOf(std::int32_t position) {
-    answers_.resize(components_->all().size());
-    const auto at = static_cast<std::size_t>(position);
-    if (!answers_[at]) {
-        answers_[at] =
-            makeTransform(components_->inRootSpace(position, *components_->all()[at].shownPlacement()));
+    answers_.resize(static_cast<std::size_t>(components_->count()));
+    HostRef<HostTransform>& answer = answers_[static_cast<std::size_t>(position)];
+    if (!answer) {
+        answer =
+            makeTransform(components_->inRootSpace(position, *components_->at(position).shownPlacement()));
     }
-    return answers_[at];
+    return answer;
 }
 
 } // namespace orvane::embedded

@@ -1,16 +1,9 @@
 #pragma once
 
-#include "model/records/ModelError.h"
-#include "model/step/StepReader.h"
-#include "model/step/StepText.h"
-#include "platform/NarrowText.h"
+#include "support/TemporaryFolder.h"
 
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
-#include <BRepPrimAPI_MakeCone.hxx>
-#include <BRepPrimAPI_MakeCylinder.hxx>
-#include <BRepPrimAPI_MakeSphere.hxx>
-#include <BRepPrimAPI_MakeTorus.hxx>
 #include <BRep_Builder.hxx>
 #include <Interface_Static.hxx>
 #include <Message.hxx>
@@ -20,59 +13,29 @@
 #include <STEPCAFControl_Writer.hxx>
 #include <TDataStd_Name.hxx>
 #include <TDocStd_Document.hxx>
-#include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
-#include <XCAFDoc_GraphNode.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
-#include <gmock/gmock.h>
-#include <gp_Ax1.hxx>
 #include <gp_Trsf.hxx>
+#include <gtest/gtest.h>
 
-#include <array>
-#include <chrono>
-#include <cmath>
-#include <fstream>
-#include <functional>
-#include <numbers>
-#include <sstream>
-
-/// Makes STEP files and tells what was read from them.
+/// Makes STEP files. Shapes are in the unit of the file.
 namespace orvane::step_maker {
 
 namespace fs = std::filesystem;
 
 /// A folder that goes with the test.
-class StepReaderTest : public testing::Test {
-protected:
-    StepReaderTest() {
-        fs::create_directories(folder);
-        Message::DefaultMessenger()->ChangePrinters().Clear();
-    }
-    ~StepReaderTest() override { fs::remove_all(folder); }
+struct StepTest : testing::Test {
+    StepTest() { Message::DefaultMessenger()->ChangePrinters().Clear(); }
 
     fs::path write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(folder / name, std::ios::binary) << bytes;
+        writeFile(folder / name, bytes);
         return folder / name;
     }
 
-    fs::path folder =
-        fs::temp_directory_path() /
-        ("orvane-step-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
+    TemporaryFolder folder;
 };
-
-inline std::string contentOf(const fs::path& file) {
-    std::ostringstream out;
-    out << std::ifstream(file, std::ios::binary).rdbuf();
-    return out.str();
-}
-
-inline std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    return at == std::string::npos ? text : text.replace(at, from.size(), to);
-}
 
 inline gp_Trsf moved(double x, double y = 0, double z = 0) {
     gp_Trsf transform;
@@ -94,11 +57,11 @@ inline TopoDS_Shape compoundOf(const std::vector<TopoDS_Shape>& shapes) {
     return compound;
 }
 
-inline TopoDS_Shape firstOf(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind) {
-    return TopExp_Explorer(shape, kind).Current();
+inline TopoDS_Shape edge() {
+    return BRepBuilderAPI_MakeEdge(gp_Pnt(0, 0, 0), gp_Pnt(1, 1, 1)).Shape();
 }
 
-/// A product structure that Open CASCADE writes. Shapes are in the unit of the file.
+/// A product structure that Open CASCADE writes.
 struct StepMaker {
     Handle(TDocStd_Document) document = new TDocStd_Document("Test");
     Handle(XCAFDoc_ShapeTool) shapes = XCAFDoc_DocumentTool::ShapeTool(document->Main());
@@ -149,121 +112,6 @@ inline fs::path saveShape(const fs::path& file, const TopoDS_Shape& shape, const
     StepMaker maker;
     maker.part(u"Thing", shape);
     return maker.save(file, unit);
-}
-
-inline Model read(const fs::path& file, const MeshingOptions& options = {}) {
-    Model model;
-    const ModelDocument* opened = step::readStepFile(file, options, model);
-    EXPECT_EQ(opened, model.documents.front().get());
-    return model;
-}
-
-inline std::string errorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const ModelError& error) {
-        return error.what();
-    }
-    return "no error";
-}
-
-inline std::string errorOfReading(const fs::path& file) {
-    return errorOf([&] { read(file); });
-}
-
-inline const ModelDocument& documentTitled(const Model& model, std::u16string_view title) {
-    for (const auto& document : model.documents) {
-        if (document->title == title) {
-            return *document;
-        }
-    }
-    throw std::runtime_error("no document " + toSystemNarrow(title));
-}
-
-/// `name(children) -> document`, all levels.
-inline std::string treeOf(const std::vector<ComponentRecord>& components) {
-    std::string out;
-    for (const ComponentRecord& component : components) {
-        out += out.empty() ? "" : " ";
-        out += toSystemNarrow(component.name);
-        if (component.document->kind == DocumentKind::assembly) {
-            out += '(';
-            out += treeOf(component.document->components);
-            out += ')';
-        }
-    }
-    return out;
-}
-
-inline std::vector<std::string> bodyNames(const ModelDocument& part) {
-    std::vector<std::string> names;
-    for (const BodyRecord& body : part.bodies) {
-        names.push_back(toSystemNarrow(body.name));
-    }
-    return names;
-}
-
-struct BodyFacts {
-    double volume = 0; ///< by the divergence theorem: positive where the triangles are turned outward
-    std::array<double, 3> extent{}; ///< of the box
-    double worstNormal = 1;         ///< smallest cosine between a corner's normal and its triangle's
-    bool unitNormals = true;
-    std::size_t triangles = 0;
-};
-
-inline BodyFacts factsOf(const BodyRecord& body) {
-    BodyFacts facts;
-    std::array<double, 3> low{};
-    std::array<double, 3> high{};
-    low.fill(1e9);
-    high.fill(-1e9);
-    for (const FaceRecord& face : body.faces) {
-        EXPECT_EQ(face.normals.size(), face.positions.size());
-        EXPECT_EQ(face.texCoords.size() * 3, face.positions.size() * 2);
-        const auto vector = [](const std::vector<float>& numbers, std::size_t at) {
-            return gp_XYZ(static_cast<double>(numbers[at]), static_cast<double>(numbers[at + 1]),
-                          static_cast<double>(numbers[at + 2]));
-        };
-        for (std::size_t at = 0; at < face.positions.size(); at += 9) {
-            const gp_XYZ a = vector(face.positions, at);
-            const gp_XYZ b = vector(face.positions, at + 3);
-            const gp_XYZ c = vector(face.positions, at + 6);
-            const gp_XYZ plane = (b - a).Crossed(c - a).Normalized();
-            facts.volume += a.Dot(b.Crossed(c)) / 6;
-            ++facts.triangles;
-            for (std::size_t corner = 0; corner < 9; corner += 3) {
-                const gp_XYZ normal = vector(face.normals, at + corner);
-                facts.worstNormal = std::min(facts.worstNormal, normal.Dot(plane));
-                facts.unitNormals = facts.unitNormals && std::abs(normal.Modulus() - 1) < 1e-5;
-                for (std::size_t axis = 0; axis < 3; ++axis) {
-                    const auto value = static_cast<double>(face.positions[at + corner + axis]);
-                    low[axis] = std::min(low[axis], value);
-                    high[axis] = std::max(high[axis], value);
-                }
-            }
-        }
-    }
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        facts.extent[axis] = high[axis] - low[axis];
-    }
-    return facts;
-}
-
-/// `kind colour transparency entities`, one for each appearance.
-inline std::vector<std::string> looksOf(const ModelDocument& document) {
-    constexpr std::array<const char*, 5> kKinds = {"document", "body", "feature", "face", "component"};
-    std::vector<std::string> looks;
-    for (const AppearanceRecord& appearance : document.appearances) {
-        EXPECT_TRUE(appearance.hasAppliedTo);
-        std::ostringstream out;
-        out << kKinds.at(static_cast<std::size_t>(appearance.appliedTo.front().kind)) << ' ' << std::hex
-            << appearance.primaryColor << std::dec << ' ' << appearance.transparency;
-        for (const EntityRecord& entity : appearance.appliedTo) {
-            out << ' ' << entity.body << '/' << entity.face << toSystemNarrow(entity.component);
-        }
-        looks.push_back(out.str());
-    }
-    return looks;
 }
 
 } // namespace orvane::step_maker

@@ -38,7 +38,20 @@ std::vector<Identification> identificationsOf(const Handle(StepBasic_DocumentFil
     return found;
 }
 
-// What may be the file's name, the most reliable first.
+/// The documents that the product of a reference names itself.
+std::vector<Handle(StepBasic_Document)> productDocuments(const STEPConstruct_ExternRefs& references,
+                                                         Standard_Integer number) {
+    std::vector<Handle(StepBasic_Document)> documents;
+    const auto product =
+        Handle(StepBasic_ProductDefinitionWithAssociatedDocuments)::DownCast(references.ProdDef(number));
+    const bool hasDocuments = !product.IsNull() && !product->DocIds().IsNull();
+    for (Standard_Integer i = 1; hasDocuments && i <= product->NbDocIds(); ++i) {
+        documents.push_back(product->DocIdsValue(i));
+    }
+    return documents;
+}
+
+/// What may be the file's name, the most reliable first.
 std::vector<std::string> fileNames(const STEPConstruct_ExternRefs& references, Standard_Integer number,
                                    const Interface_Graph& graph) {
     std::vector<std::string> names;
@@ -56,16 +69,13 @@ std::vector<std::string> fileNames(const STEPConstruct_ExternRefs& references, S
         addName(document->Id(), names);
         addName(document->Name(), names);
     }
-    const auto product =
-        Handle(StepBasic_ProductDefinitionWithAssociatedDocuments)::DownCast(references.ProdDef(number));
-    for (Standard_Integer i = 1; !product.IsNull() && !product->DocIds().IsNull() && i <= product->NbDocIds();
-         ++i) {
-        addName(product->DocIdsValue(i)->Name(), names);
+    for (const Handle(StepBasic_Document) & document : productDocuments(references, number)) {
+        addName(document->Name(), names);
     }
     return names;
 }
 
-// Leaves nothing that the kernel could take for a file name.
+/// Leaves nothing that the kernel could take for a file name.
 void blankNames(const STEPConstruct_ExternRefs& references, Standard_Integer number,
                 const Interface_Graph& graph) {
     const Handle(TCollection_HAsciiString) empty = new TCollection_HAsciiString;
@@ -79,11 +89,8 @@ void blankNames(const STEPConstruct_ExternRefs& references, Standard_Integer num
         document->SetId(empty);
         document->SetName(empty);
     }
-    const auto product =
-        Handle(StepBasic_ProductDefinitionWithAssociatedDocuments)::DownCast(references.ProdDef(number));
-    for (Standard_Integer i = 1; !product.IsNull() && !product->DocIds().IsNull() && i <= product->NbDocIds();
-         ++i) {
-        product->DocIdsValue(i)->SetName(empty);
+    for (const Handle(StepBasic_Document) & document : productDocuments(references, number)) {
+        document->SetName(empty);
     }
 }
 

@@ -17,13 +17,13 @@ namespace orvane::step {
 
 namespace {
 
-// Where the derivatives of a surface are this close to parallel, or one is this short beside the other, the
-// point counts as singular: a cone's apex, a sphere's pole, the collapsed edge of a patch. Files give such
-// places to some ten digits, and beyond a cone's apex the normal points the other way.
+/// Where the derivatives of a surface are this close to parallel, or one is this short beside the other, the
+/// point counts as singular: a cone's apex, a sphere's pole, the collapsed edge of a patch. Files give such
+/// places to some ten digits, and beyond a cone's apex the normal points the other way.
 constexpr double kSingular = 1e-6;
 
-// How far from a singular corner into its triangle the normal is taken, as a share of the way; and what is
-// singular there.
+/// How far from a singular corner into its triangle the normal is taken, as a share of the way; and what is
+/// singular there.
 constexpr double kNudge = 1e-3;
 constexpr double kSingularNudged = 1e-12;
 
@@ -48,7 +48,7 @@ public:
               const TopLoc_Location& location)
         : mesh_(mesh), surface_(BRep_Tool::Surface(face, surfaceLocation_)),
           meshTransform_(location.Transformation()),
-          flip_((face.Orientation() == TopAbs_REVERSED) != meshTransform_.IsNegative()),
+          isFlipped_((face.Orientation() == TopAbs_REVERSED) != meshTransform_.IsNegative()),
           normalSign_(face.Orientation() == TopAbs_REVERSED ? -1 : 1) {
         hasParameters_ = mesh_->HasUVNodes() && !surface_.IsNull();
         if (hasParameters_) {
@@ -66,7 +66,7 @@ public:
     std::array<Standard_Integer, 3> triangle(Standard_Integer number) const {
         std::array<Standard_Integer, 3> nodes{};
         mesh_->Triangle(number).Get(nodes[0], nodes[1], nodes[2]);
-        if (flip_) {
+        if (isFlipped_) {
             std::swap(nodes[1], nodes[2]);
         }
         return nodes;
@@ -131,7 +131,7 @@ private:
     TopLoc_Location surfaceLocation_;
     Handle(Geom_Surface) surface_;
     gp_Trsf meshTransform_;
-    bool flip_;
+    bool isFlipped_;
     double normalSign_;
     bool hasParameters_ = false;
     gp_GTrsf2d parametersInMetres_;

@@ -1,13 +1,12 @@
 #include "model/step/InstanceStyles.h"
 
-#include <Interface_EntityIterator.hxx>
+#include "model/step/NestingCheck.h"
+#include "model/step/ProductShapes.h"
+
 #include <Interface_Graph.hxx>
 #include <STEPConstruct_Styles.hxx>
 #include <StepRepr_CharacterizedDefinition.hxx>
-#include <StepRepr_ProductDefinitionShape.hxx>
-#include <StepRepr_RepresentedDefinition.hxx>
 #include <StepRepr_SpecifiedHigherUsageOccurrence.hxx>
-#include <StepShape_ShapeDefinitionRepresentation.hxx>
 #include <StepShape_ShapeRepresentation.hxx>
 #include <StepVisual_Colour.hxx>
 #include <StepVisual_PresentationStyleByContext.hxx>
@@ -22,9 +21,6 @@ namespace {
 
 using Usage = Handle(StepRepr_AssemblyComponentUsage);
 using Path = std::vector<Handle(StepRepr_NextAssemblyUsageOccurrence)>;
-
-// Deeper trees are refused before.
-constexpr std::size_t kDeepest = 1000;
 
 std::optional<Quantity_ColorRGBA> colorOf(const STEPConstruct_Styles& styles,
                                           const Handle(StepVisual_StyledItem) & style) {
@@ -50,7 +46,7 @@ std::optional<Quantity_ColorRGBA> colorOf(const STEPConstruct_Styles& styles,
     return std::nullopt;
 }
 
-// The use of a product whose shape is the context of a style.
+/// The use of a product whose shape is the context of a style.
 Usage usageOf(const Handle(StepVisual_StyledItem) & style, const Interface_Graph& graph) {
     for (Standard_Integer i = 1; i <= style->NbStyles(); ++i) {
         const auto byContext = Handle(StepVisual_PresentationStyleByContext)::DownCast(style->StylesValue(i));
@@ -62,16 +58,7 @@ Usage usageOf(const Handle(StepVisual_StyledItem) & style, const Interface_Graph
         if (shape.IsNull()) {
             continue;
         }
-        for (Interface_EntityIterator it = graph.Sharings(shape); it.More(); it.Next()) {
-            const auto definition = Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(it.Value());
-            if (definition.IsNull()) {
-                continue;
-            }
-            const auto productShape = Handle(StepRepr_ProductDefinitionShape)::DownCast(
-                definition->Definition().PropertyDefinition());
-            if (productShape.IsNull()) {
-                continue;
-            }
+        for (const auto& productShape : productShapesOf(shape, graph)) {
             const auto usage = Usage::DownCast(productShape->Definition().ProductDefinitionRelationship());
             if (!usage.IsNull()) {
                 return usage;
@@ -81,10 +68,11 @@ Usage usageOf(const Handle(StepVisual_StyledItem) & style, const Interface_Graph
     return {};
 }
 
-// A higher usage names the one above and the last one; the one above may again be such.
+/// A higher usage names the one above and the last one; the one above may again be such. Trees deeper
+/// than the loop goes are refused before.
 Path pathOf(Usage usage) {
     Path reversed;
-    while (!usage.IsNull() && reversed.size() < kDeepest) {
+    while (!usage.IsNull() && reversed.size() < kDeepestNesting) {
         if (const auto higher = Handle(StepRepr_SpecifiedHigherUsageOccurrence)::DownCast(usage);
             !higher.IsNull()) {
             reversed.push_back(higher->NextUsage());

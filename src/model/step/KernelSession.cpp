@@ -26,7 +26,7 @@ std::mutex& kernelMutex() {
 
 } // namespace
 
-KernelSession::KernelSession() : lock_(kernelMutex()), autoNaming_(XCAFDoc_ShapeTool::AutoNaming()) {
+KernelSession::KernelSession() : lock_(kernelMutex()), hadAutoNaming_(XCAFDoc_ShapeTool::AutoNaming()) {
     printers_ = Message::DefaultMessenger()->Printers();
     Message::DefaultMessenger()->ChangePrinters().Clear();
     STEPCAFControl_Controller::Init();
@@ -35,7 +35,7 @@ KernelSession::KernelSession() : lock_(kernelMutex()), autoNaming_(XCAFDoc_Shape
 }
 
 KernelSession::~KernelSession() {
-    XCAFDoc_ShapeTool::SetAutoNaming(autoNaming_);
+    XCAFDoc_ShapeTool::SetAutoNaming(hadAutoNaming_);
     Message::DefaultMessenger()->ChangePrinters() = printers_;
 }
 

@@ -21,7 +21,7 @@ public:
 private:
     std::unique_lock<std::mutex> lock_;
     Message_SequenceOfPrinters printers_;
-    bool autoNaming_;
+    bool hadAutoNaming_;
 };
 
 /// A length in the millimetres of the kernel times this is one in metres.

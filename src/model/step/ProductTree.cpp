@@ -4,7 +4,6 @@
 #include "model/records/InstanceTree.h"
 #include "model/records/ModelError.h"
 #include "model/step/KernelSession.h"
-#include "model/step/NestingCheck.h"
 #include "model/step/ShapeMesher.h"
 #include "model/step/StepColors.h"
 #include "platform/NarrowText.h"
@@ -21,8 +20,8 @@ namespace orvane::step {
 
 namespace {
 
-// The host multiplies row vectors: its block is the transpose of the kernel's. A mirror stays in the block,
-// whose determinant is then -1; the scale is positive.
+/// The host multiplies row vectors: its block is the transpose of the kernel's. A mirror stays in the block,
+/// whose determinant is then -1; the scale is positive.
 Placement toPlacement(const gp_Trsf& transform) {
     Placement placement = kIdentityPlacement;
     const double scale = std::abs(transform.ScaleFactor());
@@ -51,8 +50,8 @@ Value valueOr(const LabelMap<Value>& values, const TDF_Label& label, const Value
 }
 
 std::u16string productName(const StepDocument& step, const TDF_Label& product) {
-    const bool assembly = valueOr(step.assemblies, product, false);
-    return valueOr<std::u16string>(step.productNames, product, assembly ? u"Assembly" : u"Part");
+    const bool isAssembly = valueOr(step.assemblies, product, false);
+    return valueOr<std::u16string>(step.productNames, product, isAssembly ? u"Assembly" : u"Part");
 }
 
 std::u16string numberedBodyName(std::size_t position) {
@@ -125,22 +124,14 @@ const ModelDocument* ProductTree::readFile(const std::filesystem::path& file) {
 
 const ModelDocument* ProductTree::readRoots(File& file) {
     const TDF_LabelSequence& roots = file.step.roots;
-    const bool oneProduct = roots.Length() == 1 && !XCAFDoc_ShapeTool::IsReference(roots.First());
-    // A file that only names another one is opened under its own name, as an assembly of that other one.
-    if (oneProduct && !file.step.externalFiles.IsBound(roots.First())) {
-        ModelDocument& document = addDocument(file.path, file.title);
-        file.documents.Bind(roots.First(), &document);
-        if (valueOr(file.step.assemblies, roots.First(), false)) {
-            TDF_LabelSequence instances;
-            XCAFDoc_ShapeTool::GetComponents(roots.First(), instances);
-            fillAssembly(file, instances, document);
-        } else {
-            fillPart(file, roots.First(), document);
-        }
-        return &document;
-    }
+    const bool isOneProduct = roots.Length() == 1 && !XCAFDoc_ShapeTool::IsReference(roots.First());
     ModelDocument& document = addDocument(file.path, file.title);
-    fillAssembly(file, roots, document);
+    // A file that only names another one is opened under its own name, as an assembly of that other one.
+    if (isOneProduct && !file.step.externalFiles.IsBound(roots.First())) {
+        fillDocument(file, roots.First(), document);
+    } else {
+        fillAssembly(file, roots, document);
+    }
     return &document;
 }
 
@@ -161,6 +152,11 @@ const ModelDocument* ProductTree::documentOf(File& file, const TDF_Label& produc
     const std::u16string name = productName(file.step, product);
     ModelDocument& document = addDocument(file.path + u'\\' + file.documentNames.take(name), name);
     document.root.name = name; // a product's name has no extension
+    fillDocument(file, product, document);
+    return &document;
+}
+
+void ProductTree::fillDocument(File& file, const TDF_Label& product, ModelDocument& document) {
     file.documents.Bind(product, &document);
     if (valueOr(file.step.assemblies, product, false)) {
         TDF_LabelSequence instances;
@@ -169,7 +165,6 @@ const ModelDocument* ProductTree::documentOf(File& file, const TDF_Label& produc
     } else {
         fillPart(file, product, document);
     }
-    return &document;
 }
 
 void ProductTree::fillPart(File& file, const TDF_Label& product, ModelDocument& part) {

@@ -34,6 +34,7 @@ private:
 
     const ModelDocument* readRoots(File& file);
     const ModelDocument* documentOf(File& file, const TDF_Label& product);
+    void fillDocument(File& file, const TDF_Label& product, ModelDocument& document);
     void fillPart(File& file, const TDF_Label& product, ModelDocument& part);
     void fillAssembly(File& file, const TDF_LabelSequence& instances, ModelDocument& assembly);
     ModelDocument& addDocument(const std::u16string& path, const std::u16string& title);

@@ -19,10 +19,10 @@ namespace {
 constexpr double kRelativeDeflection = 0.001; // of the box's diagonal
 constexpr double kAngularDeflection = 20 * std::numbers::pi / 180;
 
-// Millimetres. Keeps the mesher going where a part is no larger than a point.
+/// Millimetres. Keeps the mesher going where a part is no larger than a point.
 constexpr double kSmallestDeflection = 1e-5;
 
-// Millimetres. A face beyond that has no end, and no say in how fine the others are.
+/// Millimetres. A face beyond that has no end, and no say in how fine the others are.
 constexpr double kEndless = 1e9;
 
 double linearDeflection(const TopoDS_Shape& shape, const MeshingOptions& options) {
@@ -66,8 +66,8 @@ std::vector<PartMesh::Source> splitIntoBodies(const TopoDS_Shape& shape) {
     return sources;
 }
 
-// The result does not depend on how the work is shared among threads: each edge and each face is meshed by
-// itself.
+/// The result does not depend on how the work is shared among threads: each edge and each face is meshed by
+/// itself.
 bool runMesher(const TopoDS_Shape& shape, double deflection) {
     try {
         BRepMesh_IncrementalMesh(shape, deflection, Standard_False, kAngularDeflection, Standard_True);
@@ -77,10 +77,10 @@ bool runMesher(const TopoDS_Shape& shape, double deflection) {
     }
 }
 
-std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool meshed, double deflection) {
+std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool isMeshed, double deflection) {
     try {
         // After a failure of the whole each face is tried on its own.
-        if (!meshed) {
+        if (!isMeshed) {
             runMesher(face, deflection);
         }
         return readFaceTriangles(face);
@@ -99,25 +99,25 @@ PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, con
         return mesh;
     }
     const double deflection = linearDeflection(shape, options);
-    const bool meshed = runMesher(shape, deflection);
+    const bool isMeshed = runMesher(shape, deflection);
     std::size_t faceNumber = 0;
     for (const PartMesh::Source& source : mesh.sources) {
         BodyRecord& body = mesh.bodies.emplace_back();
         double volume = 0;
-        bool complete = true;
+        bool isComplete = true;
         for (const TopoDS_Face& face : source.faces) {
             ++faceNumber;
-            std::optional<FaceTriangles> triangles = trianglesOf(face, meshed, deflection);
+            std::optional<FaceTriangles> triangles = trianglesOf(face, isMeshed, deflection);
             if (!triangles) {
                 warnings.push_back(what + ": face " + std::to_string(faceNumber) + " could not be meshed");
                 triangles.emplace();
-                complete = false;
+                isComplete = false;
             }
             volume += triangles->volume;
             body.faces.push_back(std::move(triangles->record));
         }
         // A solid that the file gives inside out.
-        if (complete && volume < 0 && source.shape.ShapeType() == TopAbs_SOLID) {
+        if (isComplete && volume < 0 && source.shape.ShapeType() == TopAbs_SOLID) {
             for (FaceRecord& face : body.faces) {
                 turnOver(face);
             }

@@ -22,7 +22,7 @@ std::uint32_t toByte(double fraction) {
     return static_cast<std::uint32_t>(std::lround(std::clamp(fraction, 0., 1.) * 255));
 }
 
-// The kernel keeps linear light; the file's numbers are what comes back as sRGB.
+/// The kernel keeps linear light; the file's numbers are what comes back as sRGB.
 Look toLook(const Quantity_ColorRGBA& color) {
     double red = 0;
     double green = 0;
@@ -42,7 +42,7 @@ std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
     return toLook(color);
 }
 
-// One appearance for all entities of a kind that look alike, in the order in which the looks are first met.
+/// One appearance for all entities of a kind that look alike, in the order in which the looks are first met.
 void apply(const Look& look, const EntityRecord& entity, ModelDocument& document) {
     for (AppearanceRecord& appearance : document.appearances) {
         if (appearance.primaryColor == look.color && appearance.transparency == look.transparency &&
@@ -118,8 +118,8 @@ struct Piece {
     TopoDS_Shape shape; ///< where it lies in the part
 };
 
-// The pieces of a part that may have a look of their own, the outer ones first: a part of several
-// representations is one label for each.
+/// The pieces of a part that may have a look of their own, the outer ones first: a part of several
+/// representations is one label for each.
 void collectPieces(const TDF_Label& label, const TopLoc_Location& location, std::vector<Piece>& pieces) {
     TDF_LabelSequence labels;
     XCAFDoc_ShapeTool::GetSubShapes(label, labels);
@@ -160,15 +160,15 @@ void addPartLook(const StepDocument& step, const TDF_Label& product, const PartM
     std::set<std::pair<std::int32_t, std::int32_t>> painted;
     for (const Piece& piece : pieces) {
         const std::optional<Look> look = lookOf(step, piece.label);
-        const bool visible = step.colors->IsVisible(piece.label);
-        if (!look && visible) {
+        const bool isVisible = step.colors->IsVisible(piece.label);
+        if (!look && isVisible) {
             continue;
         }
         for (const EntityRecord& entity : finder.find(piece.shape)) {
             if (look && painted.emplace(entity.body, entity.face).second) {
                 apply(*look, entity, part);
             }
-            if (!visible && entity.kind == EntityKind::body) {
+            if (!isVisible && entity.kind == EntityKind::body) {
                 part.bodies[static_cast<std::size_t>(entity.body)].visible = false;
             }
         }

@@ -29,15 +29,15 @@ namespace orvane::step {
 
 namespace {
 
-// A damaged file can have a fault in every line.
+/// A damaged file can have a fault in every line.
 constexpr std::size_t kMostFaults = 10;
 
-// In the file's own unit.
+/// In the file's own unit.
 constexpr double kFarthest = 1e12;
 
 using Entity = Handle(Standard_Transient);
 
-// Where the reader starts from, itself or through what refers to something that it has reached.
+/// Where the reader starts from, itself or through what refers to something that it has reached.
 bool isStart(const Entity& entity) {
     return entity->IsKind(STANDARD_TYPE(StepShape_ShapeRepresentation)) ||
            entity->IsKind(STANDARD_TYPE(StepShape_ShapeDefinitionRepresentation)) ||
@@ -52,7 +52,7 @@ bool isStart(const Entity& entity) {
            entity->IsKind(STANDARD_TYPE(StepVisual_Invisibility));
 }
 
-// By the entities' numbers, from 1.
+/// Whether the reader comes to an entity, by the entities' numbers from 1.
 std::vector<bool> findNeeded(const Interface_Graph& graph) {
     const Handle(Interface_InterfaceModel)& model = graph.Model();
     std::vector<bool> needed(static_cast<std::size_t>(model->NbEntities()) + 1, false);
@@ -92,12 +92,12 @@ bool isSpatial(const Handle(StepGeom_CartesianPoint) & point) {
     return point.IsNull() || point->NbCoordinates() == 3;
 }
 
-bool isSpatial(bool given, const Handle(StepGeom_Direction) & direction) {
-    return !given || direction.IsNull() || direction->NbDirectionRatios() == 3;
+bool isSpatial(bool isGiven, const Handle(StepGeom_Direction) & direction) {
+    return !isGiven || direction.IsNull() || direction->NbDirectionRatios() == 3;
 }
 
-// Points and directions of a plane stand in the same statements as those of space, and only the place that
-// they are used in tells which is wanted.
+/// Points and directions of a plane stand in the same statements as those of space, and only the place that
+/// they are used in tells which is wanted.
 bool lacksDimension(const Entity& entity) {
     if (const auto axes = Handle(StepGeom_Axis2Placement3d)::DownCast(entity); !axes.IsNull()) {
         return !isSpatial(axes->Location()) || !isSpatial(axes->HasAxis(), axes->Axis()) ||

@@ -31,8 +31,8 @@ std::string readAt(std::ifstream& stream, std::streamoff offset, std::size_t siz
     return bytes;
 }
 
-// Looks from the end of the file: the word stands in its last bytes, unless a signature or a remark follows
-// it.
+/// Looks from the end of the file: the word stands in its last bytes, unless a signature or a remark follows
+/// it.
 bool holdsLastWord(std::ifstream& stream, std::streamoff size) {
     constexpr std::streamoff kBlock = 1 << 16;
     const auto overlap = static_cast<std::streamoff>(kLastWord.size());

@@ -15,7 +15,7 @@ bool isStl(const std::filesystem::path& file) {
     return asciiLower(file.extension().string()) == ".stl";
 }
 
-// Runs what calls the kernel and turns its exceptions into the reader's own.
+/// Runs what calls the kernel and turns its exceptions into the reader's own.
 template <class Function>
 auto withKernel(const std::filesystem::path& file, Function function) {
     const KernelSession session;

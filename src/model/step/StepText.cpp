@@ -9,7 +9,7 @@ namespace orvane::step {
 
 namespace {
 
-// Whether the decoder had to put a replacement where the bytes have none.
+/// Whether the decoder had to put a replacement where the bytes have none.
 bool isUtf8(std::string_view bytes, std::u16string_view decoded) {
     constexpr std::string_view kReplacementBytes = "\xEF\xBF\xBD";
     return decoded.find(u'\uFFFD') == std::u16string_view::npos ||
@@ -28,7 +28,7 @@ bool isDigits(std::u16string_view text, std::u16string_view alsoAllowed = {}) {
     });
 }
 
-// `=>[0:1:1:2]`: the place of a label in a writer's document.
+/// `=>[0:1:1:2]`: the place of a label in a writer's document.
 bool isLabelPlace(std::u16string_view name) {
     return name.starts_with(u"=>[") && name.ends_with(u"]");
 }
@@ -60,6 +60,10 @@ std::u16string fromStepText(std::string_view bytes) {
     std::ranges::replace_if(
         text, [](char16_t c) { return c < 0x20 || c == 0x7F; }, u' ');
     return trimmed(text);
+}
+
+std::u16string fromStepText(const Handle(TCollection_HAsciiString) & text) {
+    return text.IsNull() ? std::u16string() : fromStepText(std::string_view(text->ToCString()));
 }
 
 bool isInventedProductName(std::u16string_view name) {

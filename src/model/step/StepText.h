@@ -1,5 +1,7 @@
 #pragma once
 
+#include <TCollection_HAsciiString.hxx>
+
 #include <map>
 #include <set>
 #include <string>
@@ -11,6 +13,8 @@ namespace orvane::step {
 /// Text of a STEP file as UTF-16 without blanks at its ends. The bytes are UTF-8, or Latin-1 where they are
 /// not valid UTF-8, as older writers have it. Control characters become blanks.
 std::u16string fromStepText(std::string_view bytes);
+/// The same for a text of an entity; empty where it has none.
+std::u16string fromStepText(const Handle(TCollection_HAsciiString) & text);
 
 /// Whether a product's name was put there by a writer that had none.
 bool isInventedProductName(std::u16string_view name);

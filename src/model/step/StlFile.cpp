@@ -18,8 +18,8 @@ namespace orvane::step {
 
 namespace {
 
-// A binary file: 80 bytes of anything, the number of triangles, then 50 bytes each: a normal, three corners,
-// two bytes. All little-endian, all numbers 32 bits.
+/// A binary file: 80 bytes of anything, the number of triangles, then 50 bytes each: a normal, three corners,
+/// two bytes. All little-endian, all numbers 32 bits.
 constexpr std::size_t kHeaderSize = 84;
 constexpr std::size_t kTriangleSize = 50;
 
@@ -83,15 +83,15 @@ public:
 
     std::vector<float> read() {
         std::vector<float> positions;
-        bool inSolid = false;
-        for (std::string_view word = words_.next(); !word.empty() || inSolid; word = words_.next()) {
-            if (!inSolid) {
+        bool isInSolid = false;
+        for (std::string_view word = words_.next(); !word.empty() || isInSolid; word = words_.next()) {
+            if (!isInSolid) {
                 expect(word, "solid");
                 words_.skipLine(); // a name
-                inSolid = true;
+                isInSolid = true;
             } else if (isWord(word, "endsolid")) {
                 words_.skipLine();
-                inSolid = false;
+                isInSolid = false;
             } else {
                 expect(word, "facet");
                 readFacet(positions);

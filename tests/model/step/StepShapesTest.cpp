@@ -1,0 +1,142 @@
+#include "support/Paths.h"
+#include "support/StepFacts.h"
+#include "support/StepMaker.h"
+
+#include <BRepPrimAPI_MakeCone.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+#include <BRepPrimAPI_MakeTorus.hxx>
+#include <TopExp_Explorer.hxx>
+#include <gmock/gmock.h>
+
+#include <numbers>
+
+namespace orvane::step {
+namespace {
+
+using namespace step_facts;
+using namespace step_maker;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST_F(StepTest, GivesTheSameNumbersEachTime) {
+    const auto readNumbers = [] {
+        std::vector<float> numbers;
+        const Model model = read(fs::path(sourceFolder()) / "examples" / "step" / "pulley_block.step");
+        for (const auto& document : model.documents) {
+            for (const BodyRecord& body : document->bodies) {
+                for (const FaceRecord& face : body.faces) {
+                    for (const auto* list : {&face.positions, &face.normals, &face.texCoords}) {
+                        numbers.insert(numbers.end(), list->begin(), list->end());
+                    }
+                }
+            }
+        }
+        return numbers;
+    };
+    const std::vector<float> first = readNumbers();
+    EXPECT_GT(first.size(), 10000u);
+    EXPECT_TRUE(first == readNumbers());
+}
+
+TEST_F(StepTest, ConvertsEveryUnitToMetres) {
+    const std::pair<const char*, double> kUnits[] = {{"MM", 0.001}, {"INCH", 0.0254}, {"M", 1}};
+    for (const auto& [unit, metres] : kUnits) {
+        const Model model = read(saveShape(folder / "box.step", box(2, 3, 4), unit));
+        const BodyFacts facts = factsOf(firstBody(model));
+        EXPECT_NEAR(facts.extent[0], 2 * metres, 1e-6 * metres) << unit;
+        EXPECT_NEAR(facts.extent[2], 4 * metres, 1e-6 * metres) << unit;
+        // A plane's parameters are lengths.
+        float widest = 0;
+        for (const FaceRecord& face : firstBody(model).faces) {
+            widest = std::max(widest, *std::ranges::max_element(face.texCoords));
+        }
+        EXPECT_NEAR(static_cast<double>(widest), 4 * metres, 1e-6 * metres) << unit;
+    }
+}
+
+TEST_F(StepTest, TurnsTrianglesAndNormalsOutward) {
+    const double pi = std::numbers::pi;
+    const std::tuple<const char*, TopoDS_Shape, double> kSolids[] = {
+        {"box", box(20, 30, 40), 24000},
+        {"cylinder", BRepPrimAPI_MakeCylinder(10, 30).Shape(), pi * 3000},
+        {"sphere", BRepPrimAPI_MakeSphere(10).Shape(), pi * 4000 / 3},
+        {"cone", BRepPrimAPI_MakeCone(10, 0, 30).Shape(), pi * 1000},
+        {"torus", BRepPrimAPI_MakeTorus(20, 5).Shape(), 2 * pi * pi * 500},
+    };
+    for (const auto& [name, shape, volume] : kSolids) {
+        for (const TopoDS_Shape& turned : {shape, shape.Reversed()}) {
+            const Model model = read(saveShape(folder / "solid.step", turned));
+            const BodyFacts facts = factsOf(firstBody(model));
+            EXPECT_NEAR(facts.volume * 1e9, volume, 0.02 * volume) << name;
+            EXPECT_GT(facts.worstNormal, 0.9) << name;
+            EXPECT_TRUE(facts.hasUnitNormals) << name;
+        }
+    }
+}
+
+TEST_F(StepTest, TakesNormalsFromTheSurfaceAlsoWhereItIsSingular) {
+    const Model model = read(saveShape(folder / "cone.step", BRepPrimAPI_MakeCone(30, 0, 40).Shape()));
+    std::size_t atApex = 0;
+    for (const FaceRecord& face : firstBody(model).faces) {
+        for (std::size_t at = 0; at < face.positions.size(); at += 3) {
+            if (face.positions[at + 2] > 0.0399f) {
+                ++atApex;
+                EXPECT_NEAR(static_cast<double>(face.normals[at + 2]), 0.6, 1e-5); // all along a cone's line
+            }
+        }
+    }
+    EXPECT_GT(atApex, 10u);
+}
+
+TEST_F(StepTest, LosesNothingThatIsNoSolid) {
+    const TopoDS_Shape shell = TopExp_Explorer(box(1, 2, 3), TopAbs_SHELL).Current();
+    const TopoDS_Shape face = TopExp_Explorer(BRepPrimAPI_MakeCylinder(5, 5).Shape(), TopAbs_FACE).Current();
+
+    const Model mixed = read(
+        saveShape(folder / "mixed.step", compoundOf({shell.Moved(moved(50)), box(4, 4, 4), face, edge()})));
+    std::vector<std::size_t> faces;
+    for (const auto& document : mixed.documents) {
+        for (const BodyRecord& body : document->bodies) {
+            EXPECT_EQ(body.kind, BodyKind::solid);
+            faces.push_back(body.faces.size());
+        }
+    }
+    EXPECT_THAT(faces, testing::UnorderedElementsAre(6, 6, 1));
+
+    const Model shells = read(saveShape(folder / "shells.step", compoundOf({shell, shell.Moved(moved(50))})));
+    EXPECT_THAT(bodyNames(*shells.documents.front()), ElementsAre("Body1", "Body2"));
+    const Model loose = read(saveShape(folder / "face.step", face));
+    EXPECT_EQ(firstBody(loose).faces.size(), 1u);
+
+    const Model curves = read(saveShape(folder / "curves.step", compoundOf({edge()})));
+    EXPECT_EQ(curves.documents.front()->kind, DocumentKind::part);
+    EXPECT_THAT(curves.documents.front()->bodies, IsEmpty());
+    EXPECT_THAT(curves.warnings, ElementsAre(HasSubstr("curves")));
+}
+
+TEST_F(StepTest, MeshesAsFinelyAsItIsAsked) {
+    const fs::path file = saveShape(folder / "ball.step", BRepPrimAPI_MakeSphere(100).Shape());
+    MeshingOptions fine;
+    fine.deflection = 0.00005;
+    EXPECT_GT(factsOf(firstBody(read(file, fine))).triangles, 3 * factsOf(firstBody(read(file))).triangles);
+}
+
+TEST_F(StepTest, ReadsShapesAsFaces) {
+    StepMaker maker;
+    const TDF_Label root = maker.assembly(u"Root");
+    const TDF_Label cube = maker.part(u"Box", box(1, 1, 1));
+    maker.place(root, cube, u"one", moved(10));
+    maker.place(root, cube, u"two", moved(20));
+    std::vector<std::string> warnings;
+    BodyRecord body;
+    body.faces = readShapeFile(maker.save(folder / "shapes.STP"), {}, warnings);
+    EXPECT_EQ(body.faces.size(), 12u);
+    EXPECT_NEAR(factsOf(body).extent[0], 0.011, 1e-8); // from 10 to 21 mm: placed as in the file
+    EXPECT_THAT(errorOf([&] { readShapeFile(saveShape(folder / "edge.step", edge()), {}, warnings); }),
+                HasSubstr("found no face"));
+}
+
+} // namespace
+} // namespace orvane::step
