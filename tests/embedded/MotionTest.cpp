@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -48,13 +49,12 @@ struct Motion : testing::Test {
         manager = inRole<HostMotionStudyManager>(document->extension()->studyManagerObject());
     }
 
-    /// The only study, entered.
-    HostRef<HostMotionStudy> enter(std::vector<TrackRecord> tracks) {
+    /// Enters the only study.
+    void enter(std::vector<TrackRecord> tracks) {
         assembly.motionStudies = {{.name = u"S", .duration = 4, .time = 0.5, .tracks = std::move(tracks)}};
         open();
-        const HostRef<HostMotionStudy> study = manager->findStudyByName(u"S");
+        study = manager->findStudyByName(u"S");
         EXPECT_NE(study->enterStudy(), 0);
-        return study;
     }
 
     /// What the component at that depth in the chain answers.
@@ -66,27 +66,27 @@ struct Motion : testing::Test {
         const HostRef<HostTransform> answered = component->getPlacement(-1);
         return answered ? answered->readArray() : TransformNumbers{};
     }
+    TransformNumbers placementAt(double time, int level = 0) const {
+        study->seekStudyTime(time);
+        return placement(level);
+    }
 
     ModelBuilder builder;
     ModelDocument& assembly = builder.assembly(u"robot.tfgasm");
     HostRef<HostApplication> host;
     HostRef<HostModelDoc> document;
     HostRef<HostMotionStudyManager> manager;
+    HostRef<HostMotionStudy> study;
 };
 
 TEST_F(Motion, MovesFromKeyToKeyAndHoldsBeyondThem) {
     const Placement mirrored = {-1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
-    const HostRef<HostMotionStudy> study =
-        enter({track(u"base", {{1, spun(350)}, {2, spun(30, 3)}, {2.5, moved(4, 0, 0)}, {3.5, mirrored}})});
-    const auto at = [&](double time) {
-        study->seekStudyTime(time);
-        return placement(0);
-    };
-    EXPECT_EQ(at(0), spun(350)) << "before the first key";
-    EXPECT_EQ(at(2), spun(30, 3)) << "at a key";
-    EXPECT_EQ(at(99), mirrored) << "after the last key";
-    EXPECT_THAT(at(1.75), Pointwise(DoubleNear(1e-12), spun(20, 2.5))) << "along the shorter arc";
-    EXPECT_THAT(at(3), ElementsAre(0, 0, 0, 0, 1, 0, 0, 0, 1, 2, 0, 0, 1, 0, 0, 0))
+    enter({track(u"base", {{1, spun(350)}, {2, spun(30, 3)}, {2.5, moved(4, 0, 0)}, {3.5, mirrored}})});
+    EXPECT_EQ(placementAt(0), spun(350)) << "before the first key";
+    EXPECT_EQ(placementAt(2), spun(30, 3)) << "at a key";
+    EXPECT_EQ(placementAt(99), mirrored) << "after the last key";
+    EXPECT_THAT(placementAt(1.75), Pointwise(DoubleNear(1e-12), spun(20, 2.5))) << "along the shorter arc";
+    EXPECT_THAT(placementAt(3), ElementsAre(0, 0, 0, 0, 1, 0, 0, 0, 1, 2, 0, 0, 1, 0, 0, 0))
         << "numbers move by themselves where there is no arc";
 }
 
@@ -94,41 +94,30 @@ TEST_F(Motion, TurnsMirroredBlocks) {
     Placement mirror = kIdentityPlacement;
     mirror[8] = -1;
     const auto mirrored = [&](double degrees) { return multiplyPlacements(mirror, spun(degrees)); };
-    enter({track(u"base", {{0, mirrored(10)}, {1, mirrored(50)}})})->seekStudyTime(0.25);
-    EXPECT_THAT(placement(0), Pointwise(DoubleNear(1e-12), mirrored(20)));
+    enter({track(u"base", {{0, mirrored(10)}, {1, mirrored(50)}})});
+    EXPECT_THAT(placementAt(0.25), Pointwise(DoubleNear(1e-12), mirrored(20)));
 }
 
 TEST_F(Motion, TurnsAboutEveryAxis) {
-    const double half = std::sqrt(0.5);
-    const Placement halfTurns[] = {{1, 0, 0, 0, -1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0},
-                                   {-1, 0, 0, 0, 1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0},
-                                   {-1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0}};
-    std::vector<TrackKey> keys = {{0, kIdentityPlacement}};
-    for (const Placement& turn : halfTurns) {
-        keys.push_back({keys.back().time + 1, turn});
-    }
-    const HostRef<HostMotionStudy> study = enter({track(u"base", keys)});
+    const std::vector<TrackKey> keys = {{0, kIdentityPlacement},
+                                        {1, {1, 0, 0, 0, -1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0}},
+                                        {2, {-1, 0, 0, 0, 1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0}},
+                                        {3, {-1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0}}};
+    enter({track(u"base", keys)});
     for (double time = 0.25; time < 3; time += 0.5) {
-        study->seekStudyTime(time);
-        const TransformNumbers m = placement(0);
-        const auto before = keys[static_cast<std::size_t>(time)].placement;
-        double trace = 0; // of the turn since the last key
-        for (std::size_t i = 0; i < 9; ++i) {
-            trace += m[i] * before[i];
-        }
-        EXPECT_NEAR(trace, 1 + (time - std::floor(time) < 0.5 ? 2 * half : -2 * half), 1e-12) << time;
+        const TransformNumbers m = placementAt(time);
+        const Placement& before = keys[static_cast<std::size_t>(time)].placement;
+        const double trace = std::inner_product(before.begin(), before.begin() + 9, m.begin(), 0.0);
+        const double cosine = time - std::floor(time) < 0.5 ? std::sqrt(0.5) : -std::sqrt(0.5);
+        EXPECT_NEAR(trace, 1 + 2 * cosine, 1e-12) << "a half turn from key to key, at " << time;
     }
 }
 
 TEST_F(Motion, StepsWhereATrackSaysSo) {
-    const HostRef<HostMotionStudy> study =
-        enter({track(u"base", {{1, moved(1, 0, 0)}, {2, moved(2, 0, 0)}}, TrackInterpolation::step)});
-    std::vector<double> xs;
-    for (const double time : {0.0, 1.0, 1.99, 2.0, 3.0}) {
-        study->seekStudyTime(time);
-        xs.push_back(placement(0)[9]);
-    }
-    EXPECT_THAT(xs, ElementsAre(1, 1, 1, 2, 2));
+    enter({track(u"base", {{1, moved(1, 0, 0)}, {2, moved(2, 0, 0)}}, TrackInterpolation::step)});
+    EXPECT_EQ(placementAt(1)[9], 1);
+    EXPECT_EQ(placementAt(1.99)[9], 1);
+    EXPECT_EQ(placementAt(2)[9], 2);
 }
 
 TEST_F(Motion, AnswersPlacementsMultipliedFromTheComponentUp) {
@@ -136,22 +125,20 @@ TEST_F(Motion, AnswersPlacementsMultipliedFromTheComponentUp) {
     const Placement arm = multiplyPlacements(moved(1, 2, 3), spun(77, 1.3));
     const Placement hand = multiplyPlacements(moved(0.1, 0.7, 0.3), spun(9, 0.7));
     assembly.components[0].placement = base;
-    enter({track(u"base/arm", {{0, arm}}), track(u"base/arm/hand", {{0, hand}})})->seekStudyTime(1);
-    EXPECT_EQ(placement(1), multiplyPlacements(arm, base));
+    enter({track(u"base/arm", {{0, arm}}), track(u"base/arm/hand", {{0, hand}})});
+    EXPECT_EQ(placementAt(1, 1), multiplyPlacements(arm, base));
     EXPECT_EQ(placement(2), multiplyPlacements(multiplyPlacements(hand, arm), base)) << "to the last bit";
     EXPECT_NE(placement(2), multiplyPlacements(hand, multiplyPlacements(arm, base)));
-    EXPECT_EQ(placement(2), placement(2)) << "asked for again";
 }
 
 TEST_F(Motion, PutsPlacementsBackWhenItIsLeft) {
-    const HostRef<HostMotionStudy> study = enter({track(u"base", {{0, moved(5, 0, 0)}})});
+    enter({track(u"base", {{0, moved(5, 0, 0)}})});
     const Placement handAtRest =
         multiplyPlacements(multiplyPlacements(moved(0.1, 0.7, 0.3), moved(1, 2, 3)), turned(10, 0, 0));
     EXPECT_EQ(study->readStudyTime(), 0.5);
     EXPECT_EQ(placement(0), turned(10, 0, 0)) << "nothing moves before a time is sought";
     EXPECT_EQ(placement(2), handAtRest);
-    study->seekStudyTime(2);
-    EXPECT_EQ(placement(0), moved(5, 0, 0));
+    EXPECT_EQ(placementAt(2), moved(5, 0, 0));
     EXPECT_NE(placement(2), handAtRest);
     document->getActiveConfiguration()->applyDisplayState(u"Display State 1");
     EXPECT_EQ(placement(0), moved(5, 0, 0)) << "a display state does not end a study";
@@ -159,45 +146,41 @@ TEST_F(Motion, PutsPlacementsBackWhenItIsLeft) {
     EXPECT_EQ(placement(0), turned(10, 0, 0));
     EXPECT_EQ(placement(2), handAtRest);
     EXPECT_EQ(study->leaveStudy(), 0);
-    study->seekStudyTime(3);
+    EXPECT_EQ(placementAt(3), turned(10, 0, 0)) << "a study that is not entered moves nothing";
     EXPECT_EQ(study->readStudyTime(), 3);
-    EXPECT_EQ(placement(0), turned(10, 0, 0)) << "a study that is not entered moves nothing";
 }
 
 TEST_F(Motion, LeavesAStudyWhenAnotherOneIsEntered) {
     assembly.motionStudies = {{.name = u"A", .tracks = {track(u"base", {{0, moved(1, 0, 0)}})}},
                               {.name = u"B", .tracks = {track(u"base/arm", {{0, moved(0, 0, 0)}})}}};
     open();
-    const HostRef<HostMotionStudy> a = manager->findStudyByName(u"A");
-    a->enterStudy();
-    a->seekStudyTime(0);
+    study = manager->findStudyByName(u"A");
+    study->enterStudy();
+    EXPECT_EQ(placementAt(0), moved(1, 0, 0));
     manager->findStudyByName(u"B")->enterStudy();
     EXPECT_EQ(placement(0), turned(10, 0, 0));
-    EXPECT_EQ(a->leaveStudy(), 0);
+    EXPECT_EQ(study->leaveStudy(), 0);
 }
 
 TEST_F(Motion, GivesAPlacementToAComponentWithoutOne) {
     assembly.components[0].placement.reset();
-    const HostRef<HostMotionStudy> study = enter({track(u"base", {{0, moved(5, 0, 0)}})});
+    enter({track(u"base", {{0, moved(5, 0, 0)}})});
     EXPECT_EQ(placement(0), TransformNumbers{});
-    study->seekStudyTime(0);
-    EXPECT_EQ(placement(0), moved(5, 0, 0));
+    EXPECT_EQ(placementAt(0), moved(5, 0, 0));
     EXPECT_EQ(placement(1), moved(6, 2, 3));
 }
 
 struct ExplodedView : Motion {
-    /// The next view's study, as an export makes it: entered at the given time.
-    HostRef<HostMotionStudy> play(double time, bool explode = true) {
-        const HostRef<HostMotionStudy> study = manager->createStudy();
+    /// Enters the next view's study, made as an export makes it.
+    void play(bool explode = true) {
+        study = manager->createStudy();
         study->generateExplodeMotion(explode, 4, 0);
         study->nameStudy(u"Temporary");
         study->computeStudy();
         study->enterStudy();
-        study->seekStudyTime(time);
-        return study;
     }
-    std::vector<double> position(int level) const {
-        const TransformNumbers m = placement(level);
+    std::vector<double> positionAt(double time, int level = 0) const {
+        const TransformNumbers m = placementAt(time, level);
         return {m[9], m[10], m[11]};
     }
 };
@@ -210,37 +193,25 @@ TEST_F(ExplodedView, MovesItsStepsOneAfterTheOtherInTheSpaceOfTheRoot) {
                                          {{u"base/arm"}, {0, 0, 1}},
                                          {}}}};
     open();
-    document->assemblyInterface()->listExplodedViewNames();
-    const HostRef<HostMotionStudy> study = play(0);
-    const auto armAt = [&](double time) {
-        study->seekStudyTime(time);
-        return position(1);
-    };
-    EXPECT_THAT(armAt(0), ElementsAre(8, 1, 3)) << "the base is turned";
-    EXPECT_THAT(armAt(0.5), ElementsAre(12, 1, 3));
-    EXPECT_THAT(armAt(1.5), ElementsAre(16, 3, 3)) << "moves with its parent";
-    EXPECT_THAT(armAt(2.75), ElementsAre(16, 5, 3.75));
-    EXPECT_THAT(armAt(4), ElementsAre(16, 5, 4));
-    study->seekStudyTime(2);
-    EXPECT_THAT(position(0), ElementsAre(10, 4, 0));
+    play();
+    EXPECT_THAT(positionAt(0, 1), ElementsAre(8, 1, 3)) << "the base is turned";
+    EXPECT_THAT(positionAt(1.5, 1), ElementsAre(16, 3, 3)) << "moves with its parent";
+    EXPECT_THAT(positionAt(2.75, 1), ElementsAre(16, 5, 3.75));
+    EXPECT_THAT(positionAt(4, 1), ElementsAre(16, 5, 4));
+    EXPECT_THAT(positionAt(2), ElementsAre(10, 4, 0));
+    const std::vector<double> hand = positionAt(1, 2);
+    EXPECT_THAT(positionAt(2, 2), ElementsAre(hand[0], hand[1] + 4, hand[2])) << "once, not also by itself";
     EXPECT_EQ(study->readStudyDuration(), 4);
     EXPECT_EQ(study->studyProperties(1)->readFrameRate(), 7);
-    study->seekStudyTime(1);
-    const std::vector<double> hand = position(2);
-    study->seekStudyTime(2);
-    EXPECT_THAT(position(2), ElementsAre(hand[0], hand[1] + 4, hand[2]))
-        << "once, though named with its base";
 }
 
 TEST_F(ExplodedView, GoesBackTogetherTheSameWay) {
     assembly.explodedViews = {{.name = u"E", .steps = {{{u"base"}, {4, 0, 0}}, {{u"base"}, {0, 8, 0}}}}};
     open();
-    const HostRef<HostMotionStudy> study = play(0, false);
-    EXPECT_THAT(position(0), ElementsAre(14, 8, 0));
-    study->seekStudyTime(3);
-    EXPECT_THAT(position(0), ElementsAre(12, 0, 0));
-    study->seekStudyTime(4);
-    EXPECT_THAT(position(0), ElementsAre(10, 0, 0));
+    play(false);
+    EXPECT_THAT(positionAt(0), ElementsAre(14, 8, 0));
+    EXPECT_THAT(positionAt(3), ElementsAre(12, 0, 0));
+    EXPECT_THAT(positionAt(4), ElementsAre(10, 0, 0));
 }
 
 TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
@@ -251,11 +222,11 @@ TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
     for (int round = 0; round < 2; ++round) {
         EXPECT_THAT(document->assemblyInterface()->listExplodedViewNames(), ElementsAre(u"First", u"Second"));
         for (const double moved : {1.0, 2.0}) {
-            play(4);
-            EXPECT_THAT(position(0), ElementsAre(10 + moved, 0, 0));
+            play();
+            EXPECT_THAT(positionAt(4), ElementsAre(10 + moved, 0, 0));
             EXPECT_EQ(manager->countStudies(), 2);
             EXPECT_NE(manager->deleteStudyByName(u"Temporary"), 0);
-            EXPECT_THAT(position(0), ElementsAre(10, 0, 0)) << "a study that is taken out is left";
+            EXPECT_EQ(placement(0), turned(10, 0, 0)) << "a study that is taken out is left";
         }
     }
     EXPECT_THAT(manager->listStudyNames(), ElementsAre(u"Temporary"));

@@ -11,7 +11,6 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
-#include <functional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -27,21 +26,17 @@ inline Model read(const std::filesystem::path& file, const MeshingOptions& optio
     return model;
 }
 
-inline std::string errorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const ModelError& error) {
-        return error.what();
-    }
-    return "no error";
-}
-
 inline const BodyRecord& firstBody(const Model& model) {
     return model.documents.front()->bodies.at(0);
 }
 
 inline std::string errorOfReading(const std::filesystem::path& file) {
-    return errorOf([&] { read(file); });
+    try {
+        read(file);
+    } catch (const ModelError& error) {
+        return error.what();
+    }
+    return "no error";
 }
 
 inline const ModelDocument& documentTitled(const Model& model, std::u16string_view title) {
@@ -66,14 +61,6 @@ inline std::string treeOf(const std::vector<ComponentRecord>& components) {
         }
     }
     return out;
-}
-
-inline std::vector<std::string> bodyNames(const ModelDocument& part) {
-    std::vector<std::string> names;
-    for (const BodyRecord& body : part.bodies) {
-        names.push_back(toSystemNarrow(body.name));
-    }
-    return names;
 }
 
 struct BodyFacts {

@@ -25,18 +25,6 @@ namespace orvane::step_maker {
 
 namespace fs = std::filesystem;
 
-/// A folder that goes with the test.
-struct StepTest : testing::Test {
-    StepTest() { Message::DefaultMessenger()->ChangePrinters().Clear(); }
-
-    fs::path write(const std::string& name, const std::string& bytes) const {
-        writeFile(folder / name, bytes);
-        return folder / name;
-    }
-
-    TemporaryFolder folder;
-};
-
 inline gp_Trsf moved(double x, double y = 0, double z = 0) {
     gp_Trsf transform;
     transform.SetTranslation(gp_Vec(x, y, z));
@@ -113,5 +101,19 @@ inline fs::path saveShape(const fs::path& file, const TopoDS_Shape& shape, const
     maker.part(u"Thing", shape);
     return maker.save(file, unit);
 }
+
+/// A folder that goes with the test, and a structure to be filled, of which `root` is the top.
+struct StepTest : testing::Test {
+    StepTest() { Message::DefaultMessenger()->ChangePrinters().Clear(); }
+
+    fs::path write(const std::string& name, const std::string& bytes) const {
+        writeFile(folder / name, bytes);
+        return folder / name;
+    }
+
+    TemporaryFolder folder;
+    StepMaker maker;
+    TDF_Label root = maker.assembly(u"Root");
+};
 
 } // namespace orvane::step_maker

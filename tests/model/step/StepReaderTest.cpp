@@ -56,8 +56,6 @@ TEST_F(StepTest, ReadsTheExampleAsATreeOfSharedDocuments) {
 }
 
 TEST_F(StepTest, MakesNamesUniqueAmongSiblings) {
-    StepMaker maker;
-    const TDF_Label root = maker.assembly(u"Root");
     const TDF_Label nut = maker.part(u"Nut/M4", box(1, 1, 1));
     const TDF_Label nameless = maker.part(u"", box(2, 2, 2));
     const TDF_Label empty = maker.assembly(u"");
@@ -98,9 +96,7 @@ TEST_F(StepTest, ChoosesTheNameThatAPersonGave) {
 }
 
 TEST_F(StepTest, NamesInstancesByTheirParentNotByTheirPlace) {
-    StepMaker maker;
     const TDF_Label bolt = maker.part(u"Bolt", box(1, 1, 1));
-    const TDF_Label root = maker.assembly(u"Root");
     for (const char16_t* name : {u"A", u"B"}) {
         const TDF_Label unit = maker.assembly(name);
         maker.place(unit, bolt, u"", gp_Trsf());
@@ -117,11 +113,9 @@ TEST_F(StepTest, NamesInstancesByTheirParentNotByTheirPlace) {
 }
 
 TEST_F(StepTest, PlacesInstancesForRowVectors) {
-    StepMaker maker;
     gp_Trsf turn;
     turn.SetRotation(gp_Ax1(gp_Pnt(), gp::DZ()), std::numbers::pi / 2);
-    maker.place(maker.assembly(u"Root"), maker.part(u"Box", box(1, 1, 1)), u"Turned",
-                moved(10, 20, 30) * turn);
+    maker.place(root, maker.part(u"Box", box(1, 1, 1)), u"Turned", moved(10, 20, 30) * turn);
     const Model model = read(maker.save(folder / "turned.step"));
     const Placement placement = model.documents.front()->components.at(0).placement.value();
     const Placement expected = {0, 1, 0, -1, 0, 0, 0, 0, 1, 0.01, 0.02, 0.03, 1, 0, 0, 0};
@@ -131,7 +125,6 @@ TEST_F(StepTest, PlacesInstancesForRowVectors) {
 }
 
 TEST_F(StepTest, TakesColoursAsTheFileWritesThem) {
-    StepMaker maker;
     const TopoDS_Shape first = box(1, 1, 1);
     const TopoDS_Shape second = box(2, 2, 2).Moved(moved(5));
     const TDF_Label part = maker.part(u"Two", compoundOf({first, second}));
@@ -142,7 +135,6 @@ TEST_F(StepTest, TakesColoursAsTheFileWritesThem) {
     face.Next();
     face.Next();
     maker.paint(maker.shapes->AddSubShape(part, face.Current()), 255, 0, 127);
-    const TDF_Label root = maker.assembly(u"Root");
     maker.paint(maker.place(root, part, u"Painted", moved(9)), 10, 200, 30);
     maker.place(root, part, u"Plain", moved(19));
     const Model model = read(maker.save(folder / "colours.step"));
@@ -153,14 +145,12 @@ TEST_F(StepTest, TakesColoursAsTheFileWritesThem) {
 }
 
 TEST_F(StepTest, PaintsOnlyTheInstanceThatTheFilePaints) {
-    StepMaker maker;
     const TDF_Label part = maker.part(u"Box", box(1, 1, 1));
     const TDF_Label plain = maker.assembly(u"Plain");
     maker.place(plain, part, u"Inner", moved(1));
     const TDF_Label unit = maker.assembly(u"Unit");
     const TDF_Label inner = maker.place(unit, part, u"Inner", moved(1)); // as in the other one
     maker.paint(inner, 1, 2, 3);
-    const TDF_Label root = maker.assembly(u"Root");
     maker.place(root, plain, u"First", moved(10));
     maker.place(root, unit, u"Second", moved(20));
     const TDF_Label third = maker.place(root, unit, u"Third", moved(30));
@@ -178,8 +168,6 @@ TEST_F(StepTest, PaintsOnlyTheInstanceThatTheFilePaints) {
 }
 
 TEST_F(StepTest, ReadsTheFilesThatAFileRefersTo) {
-    StepMaker maker;
-    const TDF_Label root = maker.assembly(u"Root");
     const TDF_Label plate = maker.part(u"Plate", box(10, 10, 1));
     maker.place(root, plate, u"Lower", moved(0, 0, 1));
     maker.place(root, plate, u"Upper", moved(0, 0, 9));

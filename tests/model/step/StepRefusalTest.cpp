@@ -52,8 +52,7 @@ TEST_F(StepRefusal, RefusesDamageOnlyWhereSomethingShownNeedsIt) {
 }
 
 TEST_F(StepRefusal, SurvivesProductsAndShapesThatHoldThemselves) {
-    StepMaker maker;
-    maker.place(maker.assembly(u"Root"), maker.part(u"Box", box(1, 1, 1)), u"It", moved(1));
+    maker.place(root, maker.part(u"Box", box(1, 1, 1)), u"It", moved(1));
     const std::string text = readFile(maker.save(folder / "cycle.step"));
     const std::size_t usage = text.find(",'It','',#");
     ASSERT_NE(usage, std::string::npos);

@@ -21,23 +21,16 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST_F(StepTest, GivesTheSameNumbersEachTime) {
-    const auto readNumbers = [] {
-        std::vector<float> numbers;
-        const Model model = read(fs::path(sourceFolder()) / "examples" / "step" / "pulley_block.step");
-        for (const auto& document : model.documents) {
-            for (const BodyRecord& body : document->bodies) {
-                for (const FaceRecord& face : body.faces) {
-                    for (const auto* list : {&face.positions, &face.normals, &face.texCoords}) {
-                        numbers.insert(numbers.end(), list->begin(), list->end());
-                    }
-                }
-            }
-        }
-        return numbers;
-    };
-    const std::vector<float> first = readNumbers();
-    EXPECT_GT(first.size(), 10000u);
-    EXPECT_TRUE(first == readNumbers());
+    const fs::path file = fs::path(sourceFolder()) / "examples" / "step" / "pulley_block.step";
+    std::vector<std::string> warnings;
+    const std::vector<FaceRecord> first = readShapeFile(file, {}, warnings);
+    const std::vector<FaceRecord> second = readShapeFile(file, {}, warnings);
+    ASSERT_EQ(first.size(), second.size());
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        EXPECT_EQ(first[i].positions, second[i].positions);
+        EXPECT_EQ(first[i].normals, second[i].normals);
+        EXPECT_EQ(first[i].texCoords, second[i].texCoords);
+    }
 }
 
 TEST_F(StepTest, ConvertsEveryUnitToMetres) {
@@ -106,7 +99,7 @@ TEST_F(StepTest, LosesNothingThatIsNoSolid) {
     EXPECT_THAT(faces, testing::UnorderedElementsAre(6, 6, 1));
 
     const Model shells = read(saveShape(folder / "shells.step", compoundOf({shell, shell.Moved(moved(50))})));
-    EXPECT_THAT(bodyNames(*shells.documents.front()), ElementsAre("Body1", "Body2"));
+    EXPECT_EQ(shells.documents.front()->bodies.at(1).name, u"Body2");
     const Model loose = read(saveShape(folder / "face.step", face));
     EXPECT_EQ(firstBody(loose).faces.size(), 1u);
 
@@ -124,8 +117,6 @@ TEST_F(StepTest, MeshesAsFinelyAsItIsAsked) {
 }
 
 TEST_F(StepTest, ReadsShapesAsFaces) {
-    StepMaker maker;
-    const TDF_Label root = maker.assembly(u"Root");
     const TDF_Label cube = maker.part(u"Box", box(1, 1, 1));
     maker.place(root, cube, u"one", moved(10));
     maker.place(root, cube, u"two", moved(20));
@@ -134,8 +125,9 @@ TEST_F(StepTest, ReadsShapesAsFaces) {
     body.faces = readShapeFile(maker.save(folder / "shapes.STP"), {}, warnings);
     EXPECT_EQ(body.faces.size(), 12u);
     EXPECT_NEAR(factsOf(body).extent[0], 0.011, 1e-8); // from 10 to 21 mm: placed as in the file
-    EXPECT_THAT(errorOf([&] { readShapeFile(saveShape(folder / "edge.step", edge()), {}, warnings); }),
-                HasSubstr("found no face"));
+    const fs::path curve = saveShape(folder / "edge.step", edge());
+    EXPECT_THAT([&] { readShapeFile(curve, {}, warnings); },
+                testing::ThrowsMessage<ModelError>(HasSubstr("found no face")));
 }
 
 } // namespace
