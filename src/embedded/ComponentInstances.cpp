@@ -106,7 +106,9 @@ template <class Change>
 void ComponentInstances::changeNamed(std::int32_t top, const std::u16string& name, Change change) {
     const ComponentInstance& above = at(top);
     const std::int32_t end = top == 0 ? count() : above.end;
-    const auto [first, last] = positionsByName_.equal_range(top == 0 ? name : above.fullName + u"/" + name);
+    // Takes no memory for the opened document, which has to be put back also when there is none.
+    const auto [first, last] = top == 0 ? positionsByName_.equal_range(name)
+                                        : positionsByName_.equal_range(above.fullName + u"/" + name);
     for (auto found = first; found != last; ++found) {
         if (found->second > top && found->second < end) {
             change(at(found->second));

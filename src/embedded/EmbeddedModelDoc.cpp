@@ -117,7 +117,11 @@ public:
 
     // There is one view on the screen, and it is that of the opened document.
     HostRef<HostView> activeView() override { return isOpened() ? makeView(session_) : HostRef<HostView>(); }
-    void setActiveView(const HostRef<HostView>&) override {}
+    void setActiveView(const HostRef<HostView>& view) override {
+        if (isOpened()) {
+            showAgain(*session_, view);
+        }
+    }
     std::int32_t countNamedViews() const override { return countOf(record_.namedViews); }
     std::vector<std::u16string> listNamedViews(std::int32_t count) const override {
         const auto wanted = static_cast<std::size_t>(std::clamp(count, 0, countNamedViews()));

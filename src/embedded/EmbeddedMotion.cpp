@@ -69,7 +69,12 @@ public:
     HostRef<HostMotionStudy> findStudyByName(const std::u16string& name) override {
         return hostStudy(session_->studies->find(name));
     }
-    HostRef<HostMotionStudy> createStudy() override { return hostStudy(session_->studies->create()); }
+    HostRef<HostMotionStudy> createStudy() override {
+        const auto study = std::make_shared<EmbeddedStudy>();
+        HostRef<HostMotionStudy> created = hostStudy(study); // first: no study stays behind that nobody holds
+        session_->studies->add(study);
+        return created;
+    }
     std::int16_t deleteStudyByName(const std::u16string& name) override {
         return session_->studies->remove(name) ? kDone : kFailed;
     }

@@ -41,12 +41,11 @@ bool EmbeddedStudies::remove(const std::u16string& name) {
     return true;
 }
 
-StudyRef EmbeddedStudies::create() {
-    const StudyRef study = studies_.emplace_back(std::make_shared<EmbeddedStudy>());
+void EmbeddedStudies::add(const StudyRef& study) {
+    studies_.push_back(study);
     if (nextExplodedView_ < document_.explodedViews.size()) {
         study->explodedView = &document_.explodedViews[nextExplodedView_++];
     }
-    return study;
 }
 
 bool EmbeddedStudies::generateExplodeMotion(EmbeddedStudy& study, bool explode, double duration,

@@ -28,7 +28,7 @@ public:
     /// Begins a new round of exploded views.
     void restartExplodedViews() { nextExplodedView_ = 0; }
     /// Adds an empty study, for the next exploded view of the round.
-    StudyRef create();
+    void add(const StudyRef& study);
     /// Fills a study with its exploded view; false where it has none.
     bool generateExplodeMotion(EmbeddedStudy& study, bool explode, double duration, double start) const;
 

@@ -11,9 +11,12 @@ namespace orvane::embedded {
 
 namespace {
 
+/// The view on the screen, with what it showed when it was asked for.
 class EmbeddedView final : public EmbeddedObject<HostView, ScreenState> {
 public:
     using EmbeddedObject::EmbeddedObject;
+
+    const ScreenState& shownAtFirst() const { return shownAtFirst_; }
 
     HostRef<HostCamera> activeCamera() const override { return makeCamera(session_, record_.camera); }
     void setActiveCamera(const HostRef<HostCamera>& camera) override {
@@ -60,12 +63,20 @@ private:
         }
         return *values;
     }
+
+    const ScreenState shownAtFirst_ = session_->screen;
 };
 
 } // namespace
 
 HostRef<HostView> makeView(const SessionRef& session) {
     return makeHostObject<EmbeddedView>(session, session->screen);
+}
+
+void showAgain(EmbeddedSession& session, const HostRef<HostView>& view) {
+    if (const auto own = inRole<EmbeddedView>(view)) {
+        session.screen = own->shownAtFirst();
+    }
 }
 
 void showNamedView(EmbeddedSession& session, const std::u16string& name) {

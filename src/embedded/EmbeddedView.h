@@ -6,8 +6,10 @@
 
 namespace orvane::embedded {
 
-/// The one view on the screen, which shows the opened document.
+/// The one view on the screen, which shows the opened document. It remembers what the screen shows now.
 HostRef<HostView> makeView(const SessionRef& session);
+/// Puts on the screen what it showed when `view` was made; a view of another host changes nothing.
+void showAgain(EmbeddedSession& session, const HostRef<HostView>& view);
 /// Puts the first named view of that name, of the opened document, on the screen; none changes nothing.
 void showNamedView(EmbeddedSession& session, const std::u16string& name);
 

@@ -34,10 +34,10 @@ enum class FolderResult { created, existed, failed };
 /// Makes one folder; its parent has to be there. On failure `error` gets the system's words.
 FolderResult createFolder(const std::string& path, std::string& error);
 
-/// Removes a file; answers whether it did.
-bool removeFile(const std::string& path);
-/// Removes a folder if it is empty; answers whether it did.
-bool removeEmptyFolder(const std::string& path);
+/// Removes a file; answers whether it did. Takes no memory.
+bool removeFile(const std::string& path) noexcept;
+/// Removes a folder if it is empty; answers whether it did. Takes no memory.
+bool removeEmptyFolder(const std::string& path) noexcept;
 
 /// The folder that the system shows as the user's desktop.
 std::string desktopFolder();

@@ -19,6 +19,22 @@ namespace {
 constexpr std::size_t kLongestFileName = 255;
 constexpr mode_t kFolderMode = 0777;
 
+/// A path as the system takes it, without taking memory: for what cleans up when there is none left.
+class NativeBuffer {
+public:
+    explicit NativeBuffer(const std::string& path) noexcept {
+        // A longer path is none that the system takes; cut off, it stays too long.
+        const std::size_t length = std::min(path.size(), sizeof text_ - 1);
+        std::replace_copy(path.data(), path.data() + length, text_, '\\', '/');
+        text_[length] = '\0';
+    }
+
+    const char* text() const noexcept { return text_; }
+
+private:
+    char text_[PATH_MAX + 1];
+};
+
 } // namespace
 
 std::string nativePath(std::string_view path) {
@@ -80,12 +96,12 @@ FolderResult createFolder(const std::string& path, std::string& error) {
     return FolderResult::failed;
 }
 
-bool removeFile(const std::string& path) {
-    return unlink(nativePath(path).c_str()) == 0;
+bool removeFile(const std::string& path) noexcept {
+    return unlink(NativeBuffer(path).text()) == 0;
 }
 
-bool removeEmptyFolder(const std::string& path) {
-    return rmdir(nativePath(path).c_str()) == 0;
+bool removeEmptyFolder(const std::string& path) noexcept {
+    return rmdir(NativeBuffer(path).text()) == 0;
 }
 
 std::string desktopFolder() {

@@ -81,6 +81,7 @@ TEST_P(HostRestored, WhenAnExportSucceeds) {
 TEST_P(HostRestored, WheneverMemoryIsRefused) {
     std::int64_t refused = 0;
     for (bool happened = true; happened; ++refused) {
+        std::filesystem::remove_all(run.folder / "x");
         run.exporter.setRequest({.exportPath = run.folder / GetParam()});
         {
             const RefusedAllocation refusal(refused);

@@ -81,9 +81,17 @@ TEST_F(Driver, AsksBeforeItReplacesATextExportThatTheHostCouldNotSee) {
     EXPECT_EQ(readFile(folder / "a/a.gltf"), "before");
     EXPECT_EQ(folder.names("a").size(), 2u);
 
+    exporter.setRequest({.exportPath = folder / "b.gltf"});
+    exporter.exportActiveDocument();
+    EXPECT_EQ(exporter.report().writtenFile, folder / "b/b.gltf")
+        << "nothing is left of the declined request";
+    EXPECT_EQ(around.events.size(), 4u) << "no further question, and the pointer comes back";
+    EXPECT_TRUE(exporter.request().exportPath.empty());
+    around.events.clear();
+
     writeFile(folder / "a.gltf", "the host has asked about this one");
     exporter.onSaveAsAssembly(path("a.gltf"));
-    EXPECT_EQ(around.events.size(), 4u) << "no further question";
+    EXPECT_THAT(around.events, ElementsAre("wait", "go on")) << "no further question";
     EXPECT_NE(readFile(folder / "a/a.gltf"), "before");
 }
 
