@@ -1,5 +1,5 @@
-// Whole exports of a small assembly that has everything, against what they are known to be. When the output is
-// meant to change, run the test program once with ORVANE_REGENERATE=1 in its environment, and read the
+// Whole exports of a small assembly that has everything, against what they are known to be. When the output
+// is meant to change, run the test program once with ORVANE_REGENERATE=1 in its environment, and read the
 // difference before it is committed.
 
 #include "model/ModelReader.h"
