@@ -25,7 +25,8 @@ struct SectionFormat {
     BufferTarget target;
 };
 
-/// The times have the target of indices: readers of this format know the view by it.
+/// The times have the target of indices, by which readers know the view (docs/output-format.md, "Animation
+/// data").
 constexpr SectionFormat kTimes = {AccessorType::scalar, 1, BufferTarget::indices};
 constexpr SectionFormat kTranslations = {AccessorType::vec3, 3, BufferTarget::vertices};
 constexpr SectionFormat kRotations = {AccessorType::vec4, 4, BufferTarget::vertices};

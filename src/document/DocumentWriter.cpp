@@ -1,9 +1,13 @@
 #include "document/DocumentWriter.h"
 
+#include "document/AnimationWriter.h"
+#include "document/CameraLightWriters.h"
 #include "document/ExtensionWriters.h"
 #include "document/MaterialWriter.h"
+#include "document/MeshWriters.h"
+#include "document/NodeWriter.h"
+#include "document/TextureWriters.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace orvane {
@@ -64,26 +68,26 @@ void writeScene(TextStream& out, const GltfScene& scene) {
     out << "\n\t\t}\n";
 }
 
-void writeScenes(TextStream& out, GltfDocument& document) {
+void writeScenes(TextStream& out, const GltfDocument& document, Progress& progress) {
     out << "\t\"scenes\": [\n";
-    progressAddTotal(document.progress, static_cast<std::int32_t>(document.scenes.size()));
+    progressAddTotal(progress, static_cast<std::int32_t>(document.scenes.size()));
     for (std::size_t i = 0; i < document.scenes.size(); ++i) {
         out << (i > 0 ? "\t\t,\n" : "");
         writeScene(out, document.scenes[i]);
         out.drainIfLarge();
-        progressAddDone(document.progress, 1);
+        progressAddDone(progress, 1);
     }
     out << "\t],\n";
 }
 
-void writeNodes(TextStream& out, GltfDocument& document) {
+void writeNodes(TextStream& out, const GltfDocument& document, Progress& progress) {
     out << "\t\"nodes\": [\n";
-    writeAll(out, document.progress, document.nodes, ",\n", "",
+    writeAll(out, progress, document.nodes, ",\n", "",
              [&](const GltfNode& node) { writeNode(out, document, node); });
     out << "\t],\n";
 }
 
-void writeCameras(TextStream& out, GltfDocument& document) {
+void writeCameras(TextStream& out, const GltfDocument& document, Progress& progress) {
     if (document.cameras.empty()) {
         return;
     }
@@ -94,14 +98,13 @@ void writeCameras(TextStream& out, GltfDocument& document) {
         }
     }
     out << "\t\"cameras\": [\n";
-    writeAll(out, document.progress, cameras, ",\n", "",
-             [&](const GltfCamera& camera) { writeCamera(out, camera); });
+    writeAll(out, progress, cameras, ",\n", "", [&](const GltfCamera& camera) { writeCamera(out, camera); });
     out << "\t],\n";
 }
 
-/// The comma behind the lights depends on the general tables alone: with lights and a design table only, the
-/// format has none.
-void writeExtensions(TextStream& out, GltfDocument& document) {
+/// The comma behind the lights depends on the general tables alone: with lights and a design table only,
+/// there is none (docs/output-format.md, "Lights and a design table").
+void writeExtensions(TextStream& out, const GltfDocument& document, Progress& progress) {
     if (document.lights.empty() && document.generalTables.empty() && !document.designTable) {
         return;
     }
@@ -109,7 +112,7 @@ void writeExtensions(TextStream& out, GltfDocument& document) {
     if (!document.lights.empty()) {
         out << "\t\t\"KHR_lights_punctual\" : {\n"
             << "\t\t\t\"lights\": [\n";
-        writeAll(out, document.progress, document.lights, ",\n", "",
+        writeAll(out, progress, document.lights, ",\n", "",
                  [&](const GltfLight& light) { writeLight(out, light); });
         out << "\n\t\t\t]\n" << (document.generalTables.empty() ? "\t\t}\n" : "\t\t},\n");
     }
@@ -126,7 +129,7 @@ void writeExtensions(TextStream& out, GltfDocument& document) {
     out << "\t},\n";
 }
 
-void writeAnimations(TextStream& out, GltfDocument& document) {
+void writeAnimations(TextStream& out, const GltfDocument& document, Progress& progress) {
     std::vector<const GltfAnimation*> animations;
     for (const GltfScene& scene : document.scenes) {
         for (const std::int32_t animation : scene.animations) {
@@ -137,7 +140,7 @@ void writeAnimations(TextStream& out, GltfDocument& document) {
         return;
     }
     out << "\t\t\t\"animations\": [\n\t\t\t\t";
-    writeAll(out, document.progress, animations, ",\n", "\n",
+    writeAll(out, progress, animations, ",\n", "\n",
              [&](const GltfAnimation& animation) { writeAnimation(out, animation); });
     out << "],\n";
 }
@@ -154,13 +157,12 @@ void writeDocumentHead(TextStream& out, std::int32_t activeScene) {
         << "\t\"scene\" : " << activeScene << ",\n";
 }
 
-void writeDocument(TextStream& out, GltfDocument& document, const PictureCopier& copyPicture) {
-    Progress& progress = document.progress;
-    writeScenes(out, document);
-    writeNodes(out, document);
-    writeCameras(out, document);
-    writeExtensions(out, document);
-    writeAnimations(out, document);
+void writeDocument(TextStream& out, const GltfDocument& document, Progress& progress) {
+    writeScenes(out, document, progress);
+    writeNodes(out, document, progress);
+    writeCameras(out, document, progress);
+    writeExtensions(out, document, progress);
+    writeAnimations(out, document, progress);
     writeSection(out, progress, "\t\"meshes\" : [\n", document.meshes,
                  [&](const GltfMesh& mesh) { writeMesh(out, mesh); });
     writeSection(out, progress, "\t\"accessors\" : [\n", document.accessors,
@@ -169,7 +171,7 @@ void writeDocument(TextStream& out, GltfDocument& document, const PictureCopier&
                  [&](const GltfMaterial& material) { writeMaterial(out, material); });
     if (!document.textures.empty()) {
         writeSection(out, progress, "\t\"textures\": [\n", document.textures,
-                     [&](const GltfTexture& texture) { writeTexture(out, document, texture, copyPicture); });
+                     [&](const GltfTexture& texture) { writeTexture(out, document, texture); });
     }
     if (!document.images.empty()) {
         writeSection(out, progress, "\t\"images\": [\n", document.images,

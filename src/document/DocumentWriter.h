@@ -1,7 +1,6 @@
 #pragma once
 
 #include "document/GltfDocument.h"
-#include "document/RecordWriters.h"
 #include "document/TextStream.h"
 
 namespace orvane {
@@ -10,8 +9,8 @@ namespace orvane {
 /// configuration that was active at the start, among the exported ones.
 void writeDocumentHead(TextStream& out, std::int32_t activeScene);
 
-/// Writes everything else, but the closing brace of the text. Pictures that are not embedded are brought into
-/// the destination folder through `copyPicture` on the way. Text that piles up goes to the stream's drain.
-void writeDocument(TextStream& out, GltfDocument& document, const PictureCopier& copyPicture);
+/// Writes everything else, but the closing brace of the text. All names and indices are settled before. Text
+/// that piles up goes to the stream's drain; `progress`, which may be the document's own, counts the records.
+void writeDocument(TextStream& out, const GltfDocument& document, Progress& progress);
 
 } // namespace orvane

@@ -41,7 +41,7 @@ std::int64_t moveViews(GltfDocument& document) {
 } // namespace
 
 std::vector<FileRange> mergeBuffers(GltfDocument& document, WorkingBufferFolder& folder,
-                                    const WorkingPictureCopier& copyPicture) {
+                                    const PictureCopier& copyPicture) {
     std::vector<FileRange> ranges;
     std::int64_t length = moveViews(document);
     for (const auto& buffer : document.buffers) {

@@ -1,18 +1,12 @@
 #pragma once
 
 #include "document/GltfDocument.h"
+#include "document/LoosePictures.h"
 #include "document/WorkingBufferFolder.h"
 
-#include <functional>
-#include <string>
 #include <vector>
 
 namespace orvane {
-
-/// Brings the picture at `sourcePath` into the working folder for pictures as a file named `name`, which may
-/// change when the picture is converted, and gives that file's path. Stays silent when it cannot.
-using WorkingPictureCopier =
-    std::function<std::string(const std::string& sourcePath, std::string& name, bool isNormalMap)>;
 
 /// Turns a document with many buffers and loose pictures into one with a single buffer: gives the ranges of
 /// the working file that make up this buffer, in order, and rewrites `buffers`, `bufferViews` and `images`
@@ -20,6 +14,6 @@ using WorkingPictureCopier =
 /// that cannot be made stays an image with a file name. A picture that two textures share is embedded twice,
 /// and its image shows the later copy.
 std::vector<FileRange> mergeBuffers(GltfDocument& document, WorkingBufferFolder& folder,
-                                    const WorkingPictureCopier& copyPicture);
+                                    const PictureCopier& copyPicture);
 
 } // namespace orvane

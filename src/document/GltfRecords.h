@@ -173,6 +173,8 @@ struct GltfTexture {
     std::int32_t sampler = -1;
     std::int32_t source = -1; ///< index into the images
     bool isNormalMap = false;
+    std::string
+        name; ///< shown where the picture is not embedded: its file name when this texture was settled
 };
 
 struct GltfImage {

@@ -14,7 +14,8 @@ struct BaseColor {
 };
 
 /// A transparent material's alpha follows the brightness of its colour, not the amount of its transparency:
-/// dark glass lets less through. The single precision steps are part of the format.
+/// dark glass lets less through (docs/output-format.md, "Colours"). The single precision steps are part of
+/// the format.
 BaseColor baseColor(const GltfMaterial& material) {
     const auto channel = [&](int shift) {
         return static_cast<double>((material.primaryColor >> shift) & 0xFF) / 255.0;

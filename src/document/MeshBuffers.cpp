@@ -74,8 +74,8 @@ private:
     std::size_t at_ = 0;
 };
 
-/// The largest values start at the smallest positive normal float: readers of this format expect exactly that
-/// where all coordinates are negative.
+/// The largest values start at the smallest positive normal float, and keep it where all coordinates are
+/// negative (docs/output-format.md, "Bounds").
 constexpr AccessorBounds kEmptyBounds = {
     std::numeric_limits<float>::max(), std::numeric_limits<float>::max(), std::numeric_limits<float>::max(),
     std::numeric_limits<float>::min(), std::numeric_limits<float>::min(), std::numeric_limits<float>::min(),
@@ -154,6 +154,17 @@ void addPrimitives(MeshBuild& build, const GeomStreams& streams, std::int64_t mo
     }
 }
 
+/// One view for each region; where they lie is not known yet.
+void addViews(MeshBuild& build, std::int32_t buffer) {
+    for (std::size_t region = 0; region < regionCount; ++region) {
+        build.views[region] = static_cast<std::int32_t>(build.document.bufferViews.size());
+        GltfBufferView& view = addRecord(build.document.bufferViews);
+        view.buffer = buffer;
+        view.byteStride = kFormats[region].byteStride;
+        view.target = kFormats[region].target;
+    }
+}
+
 /// Sets where the regions lie in the buffer; gives the length of the buffer without its padding.
 std::int64_t layOutViews(GltfDocument& document, const MeshBuild& build) {
     std::int64_t offset = 0;
@@ -175,13 +186,7 @@ void writeMeshBuffers(GltfDocument& document, GltfNode& node, GeomStreams& strea
     GltfBuffer& buffer = addRecord(document.buffers);
     mesh.buffer = buffer.index;
     MeshBuild build{document, mesh};
-    for (std::size_t region = 0; region < regionCount; ++region) {
-        GltfBufferView& view = addRecord(document.bufferViews);
-        view.buffer = buffer.index;
-        view.byteStride = kFormats[region].byteStride;
-        view.target = kFormats[region].target;
-        build.views[region] = static_cast<std::int32_t>(document.bufferViews.size()) - 1;
-    }
+    addViews(build, buffer.index);
 
     BufferContent content{std::move(streams), {}};
     streams.clear();

@@ -3,7 +3,7 @@
 #include "appearance/MaterialIndex.h"
 #include "document/AsciiNames.h"
 #include "document/DiskBufferFolder.h"
-#include "document/RecordWriters.h"
+#include "document/NodeWriter.h"
 #include "document/WorkingBufferFolder.h"
 #include "export/ExportContext.h"
 #include "export/SceneFiles.h"

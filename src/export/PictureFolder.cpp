@@ -19,12 +19,13 @@ PictureCopier PictureFolder::copier() {
         }
         std::string path = CopyOrConvertImage(sourcePath, folder_, name, isNormalMap, report_);
         if (!path.empty()) {
-            made_.push_back(std::move(path));
+            made_.push_back(path);
         }
+        return path;
     };
 }
 
-WorkingPictureCopier WorkingPictures::copier() {
+PictureCopier WorkingPictures::copier() {
     return [this](const std::string& sourcePath, std::string& name, bool isNormalMap) {
         if (folder_.path().empty()) {
             report_.warn("pictures are left out: there is no folder for temporary files");

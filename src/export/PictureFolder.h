@@ -1,8 +1,7 @@
 #pragma once
 
 #include "document/ExportReport.h"
-#include "document/GlbMerge.h"
-#include "document/RecordWriters.h"
+#include "document/LoosePictures.h"
 #include "platform/PrivateFolder.h"
 
 #include <string>
@@ -35,7 +34,7 @@ public:
     /// `report` outlives the object.
     explicit WorkingPictures(ExportReport& report) : report_(report) {}
 
-    WorkingPictureCopier copier();
+    PictureCopier copier();
 
 private:
     PrivateFolder folder_;

@@ -17,14 +17,15 @@ namespace {
 constexpr std::int64_t kLargestBinary = std::numeric_limits<std::uint32_t>::max();
 
 /// A picture that could not be embedded stays outside, under its name alone.
-void copyNoPicture(const std::string&, std::string&, bool) {}
+std::string copyNoPicture(const std::string&, std::string&, bool) {
+    return {};
+}
 
-void writeWholeText(GltfDocument& document, std::int32_t activeScene, const PictureCopier& copyPicture,
-                    TextStream::Drain drain) {
+void writeWholeText(GltfDocument& document, std::int32_t activeScene, TextStream::Drain drain) {
     TextStream gltf;
     gltf.drainTo(std::move(drain));
     writeDocumentHead(gltf, activeScene);
-    writeDocument(gltf, document, copyPicture);
+    writeDocument(gltf, document, document.progress);
     gltf << "}\n";
     gltf.drainAll();
 }
@@ -41,8 +42,8 @@ void writeTextScene(GltfDocument& document, std::int32_t activeScene, const Expo
                     ExportReport& report) {
     OutputFile file = OutputFile::createTemporary(target.destinationFolder);
     PictureFolder pictures(target.destinationFolder, report);
-    writeWholeText(document, activeScene, pictures.copier(),
-                   [&](std::string_view text) { file.write(text); });
+    settleLoosePictures(document, pictures.copier());
+    writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
     putInPlace(file, target, report);
     if (!report.hasFailed()) {
         pictures.keep();
@@ -55,11 +56,12 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
     if (report.hasFailed()) {
         return;
     }
+    settleLoosePictures(document, copyNoPicture);
     OutputFile file = OutputFile::createTemporary(target.destinationFolder);
     GlbWriter glb(file);
     glb.writeHeader();
     glb.beginJsonChunk();
-    writeWholeText(document, activeScene, copyNoPicture, [&](std::string_view text) { glb.writeJson(text); });
+    writeWholeText(document, activeScene, [&](std::string_view text) { glb.writeJson(text); });
     glb.endJsonChunk();
     std::int64_t total = file.position();
     for (const FileRange& range : ranges) {

@@ -52,7 +52,7 @@ ExportedTable readAttached(const HostDesignTable& table) {
     if (rows < 1 || columns < 1) {
         return {};
     }
-    // Readers of these tables expect one cell beyond the last header.
+    // One cell beyond the last header (docs/output-format.md, "Extension objects").
     return readContents(table, {rows, columns, columns + 1, startRow, startColumn});
 }
 

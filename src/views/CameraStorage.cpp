@@ -16,7 +16,7 @@ FloatVector directionOf(const HostRef<HostMathVector>& vector) {
 }
 
 /// The axes of a camera as rows: a glTF camera looks along its -z. Axes at right angles stay left-handed, and
-/// only skewed ones become right-handed, y downward: an oddity of these files that their readers count on.
+/// only skewed ones become right-handed, y downward (docs/output-format.md, "Cameras").
 FloatMatrix3 cameraAxes(FloatVector up, FloatVector direction) {
     const FloatVector back = direction * -1.0f;
     FloatMatrix3 axes = {cross(back, up), up, back};

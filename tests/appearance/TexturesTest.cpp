@@ -180,9 +180,9 @@ TEST_F(Textures, NeverStopAnExportWhateverTheyHold) {
         paint(name == "folder.png/x" ? "folder.png" : name, "");
     }
     picture("good.bmp", smallBmp());
-    paint("good.bmp", "");
-    const nlohmann::json gltf = exported();
-    EXPECT_EQ(gltf["textures"].size(), damaged.size() + 1);
+    paint("good.bmp", "folder.png");
+    nlohmann::json gltf = exported();
+    EXPECT_EQ(gltf["textures"].size(), damaged.size() + 2);
     EXPECT_EQ(run->exporter.report().warnings.size(), damaged.size())
         << testing::PrintToString(run->exporter.report().warnings);
     for (const auto& [name, bytes] : damaged) {
@@ -194,8 +194,10 @@ TEST_F(Textures, NeverStopAnExportWhateverTheyHold) {
     EXPECT_THAT(run->exporter.report().warnings,
                 Contains("the picture " + (pictures / "folder.png") + " cannot be copied: is no file"));
     EXPECT_THAT(written("good.png"), StartsWith(kPngStart));
-    EXPECT_EQ(run->run("y.glb").substr(0, 4), "glTF");
+    EXPECT_EQ(embeddedIn(run->run("y.glb"), gltf).size(), damaged.size());
     EXPECT_EQ(run->exporter.report().warnings.size(), damaged.size());
+    EXPECT_THAT(urisOf(gltf), IsSupersetOf({"folder.png", "n_folder.png"})) << "they stay outside";
+    EXPECT_EQ(gltf["textures"].back()["name"], "n_folder.png");
 }
 
 TEST_F(Textures, GetShortNamesWhereTheSystemTakesNoLongerOnes) {

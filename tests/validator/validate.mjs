@@ -7,116 +7,49 @@ import { createRequire } from 'node:module';
 import { tmpdir } from 'node:os';
 import path from 'node:path';
 
-// Where the required format departs from what the validator takes, and why. An issue passes only when it is of one of
-// these codes, at a pointer and with a message of the given form. Each has to occur in some example.
-const deviations = [
-    {
-        code: 'INVALID_EXTENSION_NAME_FORMAT',
-        pointer: /^\/extensionsUsed\/1$/,
-        reason: 'Tessaforge_custom_properties has no upper-case prefix; readers look for exactly this name',
-    },
-    {
-        code: 'UNSUPPORTED_EXTENSION',
-        pointer: /^\/extensionsUsed\/1$/,
-        reason: 'Tessaforge_custom_properties is not registered, and every file names it',
-    },
-    {
-        code: 'UNDECLARED_EXTENSION',
-        pointer: /\/extensions\/TF_display_states$/,
-        reason: 'extensionsUsed always holds the same two names, and this is not one of them',
-    },
-    {
-        code: 'UNDECLARED_EXTENSION',
-        pointer: /^\/nodes\/\d+\/extensions\/Tessaforge_comments$/,
-        reason: 'nor is this',
-    },
-    {
-        code: 'UNDECLARED_EXTENSION',
-        pointer: /^\/extensions\/Tessaforge_general_tables$/,
-        reason: 'nor is this',
-    },
-    {
-        code: 'UNDECLARED_EXTENSION',
-        pointer: /^\/extensions\/Tessaforge_design_table$/,
-        reason: 'nor is this',
-    },
-    {
-        code: 'UNUSED_OBJECT',
-        pointer: /\/attributes\/TEXCOORD_0$/,
-        reason: 'every primitive has texture coordinates, also where its material has no texture',
-    },
-    {
-        code: 'UNUSED_OBJECT',
-        pointer: /^\/materials\/\d+$/,
-        reason: 'the default material is always there, and a decal is a material that no triangle shows',
-    },
-    {
-        code: 'UNUSED_OBJECT',
-        pointer: /^\/textures\/\d+$/,
-        reason: "a decal's mask is a texture that no material refers to",
-    },
-    {
-        code: 'MESH_PRIMITIVE_GENERATED_TANGENT_SPACE',
-        pointer: /^\/meshes\/\d+\/primitives\/\d+\/material$/,
-        reason: 'tangents are never written; viewers make their own for normal maps',
-    },
-    {
-        code: 'NODE_EMPTY',
-        pointer: /^\/nodes\/\d+$/,
-        reason: 'a component that is hidden, suppressed or without geometry stays as a node',
-    },
-    {
-        code: 'UNUSED_OBJECT',
-        pointer: /^\/nodes\/\d+$/,
-        reason: 'the cameras of a part are nodes of no scene',
-    },
-    {
-        code: 'UNEXPECTED_PROPERTY',
-        pointer: /^\/extensions\/KHR_lights_punctual\/lights\/\d+\/positional$/,
-        reason: 'lights carry their attenuation in an object that the ratified extension does not have',
-    },
-    {
-        code: 'UNDEFINED_PROPERTY',
-        pointer: /^\/extensions\/KHR_lights_punctual\/lights\/\d+$/,
-        message: /'spot'/,
-        reason: 'and no cone for a spot',
-    },
-    {
-        code: 'NODE_MATRIX_NON_TRS',
-        pointer: /^\/nodes\/\d+\/matrix$/,
-        reason: 'the rotation block of a light is what its direction gives: zeros for a point light',
-    },
-    {
-        code: 'ANIMATION_CHANNEL_TARGET_NODE_MATRIX',
-        pointer: /^\/animations\/\d+\/channels\/\d+\/target/,
-        reason: 'nodes have their placement as a matrix, also those that move; viewers take it apart',
-    },
-    {
-        code: 'ANIMATION_SAMPLER_INPUT_ACCESSOR_WITHOUT_BOUNDS',
-        pointer: /^\/animations\/\d+\/samplers\/\d+\/input$/,
-        reason: 'only positions have bounds',
-    },
-    {
-        code: 'ANIMATION_SAMPLER_ACCESSOR_WITH_BYTESTRIDE',
-        pointer: /^\/animations\/\d+\/samplers\/\d+\/(input|output)$/,
-        reason: 'the views of keys have a stride',
-    },
-    {
-        code: 'BUFFER_VIEW_INVALID_BYTE_STRIDE',
-        pointer: /^\/bufferViews\/\d+\/byteStride$/,
-        reason: 'the same',
-    },
-    {
-        code: 'BUFFER_VIEW_TARGET_OVERRIDE',
-        pointer: /^\/animations\/\d+\/samplers\/\d+\/(input|output)$/,
-        reason: 'and targets as meshes have them',
-    },
-    {
-        code: 'ACCESSOR_MAX_MISMATCH',
-        message: /^Declared maximum value for this component \(1\.1754943508222875e-38\) does not match actual maximum \((-.*|0)\)/,
-        reason: 'largest values start at the smallest positive float, which stays where no coordinate is above 0',
-    },
-];
+// What of the format the validator does not take, by the section of docs/output-format.md that tells why. An issue passes only
+// when it is of one of these codes, at a pointer and with a message of the given form. Each has to occur in some example.
+const departures = {
+    'Extension names': [
+        { code: 'INVALID_EXTENSION_NAME_FORMAT', pointer: /^\/extensionsUsed\/1$/ },
+        { code: 'UNSUPPORTED_EXTENSION', pointer: /^\/extensionsUsed\/1$/ },
+        { code: 'UNDECLARED_EXTENSION', pointer: /\/extensions\/TF_display_states$/ },
+        { code: 'UNDECLARED_EXTENSION', pointer: /^\/nodes\/\d+\/extensions\/Tessaforge_comments$/ },
+        { code: 'UNDECLARED_EXTENSION', pointer: /^\/extensions\/Tessaforge_general_tables$/ },
+        { code: 'UNDECLARED_EXTENSION', pointer: /^\/extensions\/Tessaforge_design_table$/ },
+    ],
+    Lights: [
+        { code: 'UNEXPECTED_PROPERTY', pointer: /^\/extensions\/KHR_lights_punctual\/lights\/\d+\/positional$/ },
+        { code: 'UNDEFINED_PROPERTY', pointer: /^\/extensions\/KHR_lights_punctual\/lights\/\d+$/, message: /'spot'/ },
+        { code: 'NODE_MATRIX_NON_TRS', pointer: /^\/nodes\/\d+\/matrix$/ },
+    ],
+    'Animated nodes': [
+        { code: 'ANIMATION_CHANNEL_TARGET_NODE_MATRIX', pointer: /^\/animations\/\d+\/channels\/\d+\/target/ },
+    ],
+    'Animation data': [
+        { code: 'ANIMATION_SAMPLER_INPUT_ACCESSOR_WITHOUT_BOUNDS', pointer: /^\/animations\/\d+\/samplers\/\d+\/input$/ },
+        { code: 'ANIMATION_SAMPLER_ACCESSOR_WITH_BYTESTRIDE', pointer: /^\/animations\/\d+\/samplers\/\d+\/(input|output)$/ },
+        { code: 'BUFFER_VIEW_INVALID_BYTE_STRIDE', pointer: /^\/bufferViews\/\d+\/byteStride$/ },
+        { code: 'BUFFER_VIEW_TARGET_OVERRIDE', pointer: /^\/animations\/\d+\/samplers\/\d+\/(input|output)$/ },
+    ],
+    Bounds: [
+        {
+            code: 'ACCESSOR_MAX_MISMATCH',
+            message: /^Declared maximum value for this component \(1\.1754943508222875e-38\) does not match actual maximum \((-.*|0)\)/,
+        },
+    ],
+    'Unused objects': [
+        { code: 'UNUSED_OBJECT', pointer: /\/attributes\/TEXCOORD_0$/ },
+        { code: 'UNUSED_OBJECT', pointer: /^\/materials\/\d+$/ },
+        { code: 'UNUSED_OBJECT', pointer: /^\/textures\/\d+$/ },
+        { code: 'UNUSED_OBJECT', pointer: /^\/nodes\/\d+$/ },
+        { code: 'NODE_EMPTY', pointer: /^\/nodes\/\d+$/ },
+    ],
+    Tangents: [
+        { code: 'MESH_PRIMITIVE_GENERATED_TANGENT_SPACE', pointer: /^\/meshes\/\d+\/primitives\/\d+\/material$/ },
+    ],
+};
+const deviations = Object.values(departures).flat();
 
 // A model without geometry gives empty lists, which no valid file has; these are there as parts of another one.
 const withoutGeometry = ['mechanism/notes.tfgprt'];
@@ -180,6 +113,12 @@ if (examples.length === 0) {
 }
 for (const deviation of deviations.filter((each) => !seen.has(each))) {
     faults.push(`the deviation ${deviation.code} occurs in no example`);
+}
+const page = readFileSync(new URL('../../docs/output-format.md', import.meta.url), 'utf8');
+for (const section of Object.keys(departures)) {
+    if (!page.includes(`\n### ${section}\n`)) {
+        faults.push(`docs/output-format.md has no section ${section}`);
+    }
 }
 for (const fault of faults) {
     console.error(fault);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "document/GltfRecords.h"
+#include "document/TextStream.h"
+
+namespace orvane {
+
+/// Appends one camera, and a line feed.
+void writeCamera(TextStream& out, const GltfCamera& camera);
+
+/// Appends one light of `KHR_lights_punctual`, without a line feed at its end.
+void writeLight(TextStream& out, const GltfLight& light);
+
+} // namespace orvane
