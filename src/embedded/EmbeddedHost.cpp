@@ -14,6 +14,7 @@ class EmbeddedApplication final : public HostApplication {
 public:
     explicit EmbeddedApplication(SessionRef session) : session_(std::move(session)) {}
 
+    std::u16string revisionText() override { return u"28"; }
     HostRef<HostModelDoc> activeDocument() override { return makeModelDoc(session_, session_->opened()); }
     std::int32_t openDocumentCount() override {
         return static_cast<std::int32_t>(session_->model.documents.size());

@@ -14,6 +14,7 @@
 #include "views/ViewStorageList.h"
 
 #include <algorithm>
+#include <charconv>
 #include <exception>
 #include <new>
 #include <utility>
@@ -25,6 +26,14 @@ namespace {
 constexpr std::int32_t kTrackingId = 777;
 /// The name of a file whose document has a title that the system takes for no file name.
 constexpr const char* kNameWithoutTitle = "scene";
+
+/// The whole number at the start of a text; 0 where none stands there.
+std::int32_t leadingNumber(const std::u16string& text) {
+    const std::string narrow = toSystemNarrow(text);
+    std::int32_t number = 0;
+    std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
+    return number;
+}
 
 /// A folder that goes again with the object, if it was made here and stayed empty.
 class FolderGuard {
@@ -52,8 +61,17 @@ private:
 } // namespace
 
 COrvaneExporter::COrvaneExporter(const ExporterSurroundings& surroundings)
-    : surroundings_(surroundings), options_(surroundings.settings) {
-    options_.load();
+    : hostRevision(leadingNumber(surroundings.host.revisionText())), surroundings_(surroundings) {
+    if (surroundings_.settings) {
+        loadOptions(options_, *surroundings_.settings);
+    }
+}
+
+void COrvaneExporter::setOption(ExportSwitch option, std::int16_t value) {
+    options_.*option = value;
+    if (surroundings_.settings) {
+        storeOption(options_, option, *surroundings_.settings);
+    }
 }
 
 void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& first,
@@ -208,7 +226,7 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .options = options_,
                           .document = document_,
                           .report = report_,
-                          .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize() != 0},
+                          .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize != 0},
                           .appearances = appearances,
                           .title = defaultDocumentTitle(),
                           .rootTransform = {},
@@ -216,8 +234,8 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .nodeDocuments = {},
                           .cameraNodes = {}};
     const HostRef<HostView> view = modelDoc->activeView();
-    const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras() != 0,
-                                options_.exportViews() != 0, context.cameraNodes);
+    const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras != 0,
+                                options_.exportViews != 0, context.cameraNodes);
     const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
     MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
     buildScenes(context, configurations);
