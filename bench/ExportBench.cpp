@@ -44,9 +44,8 @@ double median(std::vector<double> values) {
 double exportSeconds(HostApplication& host, bool withAnimations) {
     std::filesystem::remove(kTarget);
     COrvaneExporter exporter({.host = host});
-    exporter.hostRevision = kEmbeddedHostRevision;
     exporter.setRequest({.exportPath = kTarget});
-    exporter.options().setExportAnimations(withAnimations ? -1 : 0);
+    exporter.setOptions({.exportAnimations = withAnimations ? kSwitchOn : kSwitchOff});
     const auto start = Clock::now();
     exporter.exportActiveDocument();
     const double seconds = secondsSince(start);

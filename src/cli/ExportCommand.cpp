@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -32,36 +33,20 @@ std::string requestPath(const std::string& output) {
     return (folder / path.stem()).string() + lowerExtension(path);
 }
 
-void setOptions(const ExportArguments& arguments, ExportOptions& options) {
-    const auto flag = [](bool value) { return static_cast<std::int16_t>(value ? -1 : 0); };
-    options.setExportViews(flag(arguments.views));
-    options.setExportCameras(flag(arguments.cameras));
-    options.setExportLights(flag(arguments.lights));
-    options.setExportAnimations(flag(arguments.animations));
-    options.setExportExplodedViews(flag(arguments.explodedViews));
-    options.setLimitPrimitiveSize(flag(!arguments.noPrimitiveLimit));
-    options.setResolveComponents(flag(!arguments.noResolve));
-    options.setGenerateThumbnails(flag(arguments.thumbnails));
-    options.setDefaultBinary(flag(true));
-    options.setDestinationDirectory(u".");
+void warn(const std::string& warning) {
+    std::cerr << "orvane: warning: " << onOneLine(warning) << "\n";
 }
 
-/// The options that are taken but change nothing yet.
-void warnOfIdleOptions(const ExportArguments& arguments) {
-    const std::pair<const char*, bool> idle[] = {
-        {"--thumbnails", arguments.thumbnails},
-    };
-    for (const auto& [name, isGiven] : idle) {
-        if (isGiven) {
-            std::cerr << "orvane: warning: " << name << " has no effect in this version\n";
-        }
+void printWarnings(const ExportArguments& arguments, const std::vector<std::string>& readingWarnings,
+                   const ExportReport& report) {
+    if (arguments.options.generateThumbnails != 0) {
+        warn("--thumbnails has no effect in this version");
     }
-}
-
-void warn(const std::vector<std::string>& warnings) {
-    for (const std::string& warning : warnings) {
-        std::cerr << "orvane: warning: " << onOneLine(warning) << "\n";
+    if (!arguments.hostFolder.empty() && !fs::is_directory(arguments.hostFolder)) {
+        std::cerr << "orvane: warning: the host folder " << arguments.hostFolder << " is not there\n";
     }
+    std::ranges::for_each(readingWarnings, warn);
+    std::ranges::for_each(report.warnings, warn);
 }
 
 bool refuse(const std::string& reason) {
@@ -98,7 +83,7 @@ int runExport(const ExportArguments& arguments) {
     if (!arguments.output.empty()) {
         request.exportPath = requestPath(arguments.output);
         // Asked here too, so that nobody waits for a large model in vain.
-        if (!mayWrite(resolveTarget(request, ExportOptions(), {}), arguments.force)) {
+        if (!mayWrite(resolveTarget(request, arguments.options, {}), arguments.force)) {
             return 1;
         }
     }
@@ -111,9 +96,8 @@ int runExport(const ExportArguments& arguments) {
     const HostRef<HostApplication> host =
         openEmbeddedHost(std::move(model), toHostPath(hostFolder(arguments.hostFolder)));
     COrvaneExporter exporter({.host = *host});
-    exporter.hostRevision = kEmbeddedHostRevision;
     exporter.setRequest(request);
-    setOptions(arguments, exporter.options());
+    exporter.setOptions(arguments.options);
     const ExportTarget target = exporter.plannedTarget();
     if (!mayWrite(target, arguments.force)) {
         return 1;
@@ -129,12 +113,7 @@ int runExport(const ExportArguments& arguments) {
 
     const ExportReport& report = exporter.report();
     if (!arguments.quiet) {
-        warnOfIdleOptions(arguments);
-        if (!arguments.hostFolder.empty() && !fs::is_directory(arguments.hostFolder)) {
-            std::cerr << "orvane: warning: the host folder " << arguments.hostFolder << " is not there\n";
-        }
-        warn(readingWarnings);
-        warn(report.warnings);
+        printWarnings(arguments, readingWarnings, report);
     }
     if (report.hasFailed()) {
         refuse(std::string(report.firstError()));

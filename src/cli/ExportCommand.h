@@ -1,5 +1,7 @@
 #pragma once
 
+#include "export/ExportOptions.h"
+
 #include <optional>
 #include <string>
 
@@ -10,14 +12,7 @@ struct ExportArguments {
     std::string model;
     std::string
         output; ///< ends in `.gltf` or `.glb`, any case; empty: the model's title in the current folder
-    bool views = false;
-    bool cameras = false;
-    bool lights = false;
-    bool animations = false;
-    bool explodedViews = false;
-    bool noPrimitiveLimit = false;
-    bool noResolve = false;
-    bool thumbnails = false;
+    ExportOptions options{.destinationDirectory = u"."}; ///< its switches as the flags set them
     std::string hostFolder;
     std::optional<double> deflection; ///< metres
     bool force = false;

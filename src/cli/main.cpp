@@ -27,15 +27,11 @@ void addExportOptions(CLI::App& command, orvane::cli::ExportArguments& arguments
             const auto fault = orvane::cli::outputFault(output);
             return fault ? "OUT " + *fault + ", found '" + output + "'" : std::string();
         });
-    command.add_flag("--views", arguments.views, "Export the named views as cameras");
-    command.add_flag("--cameras", arguments.cameras, "Export the camera features");
-    command.add_flag("--lights", arguments.lights, "Export the lights");
-    command.add_flag("--animations", arguments.animations, "Export the motion studies");
-    command.add_flag("--exploded-views", arguments.explodedViews, "Export the exploded views as animations");
-    command.add_flag("--no-primitive-limit", arguments.noPrimitiveLimit,
-                     "Do not split meshes of more than 21,666 triangles; larger ones come out wrong");
-    command.add_flag("--no-resolve", arguments.noResolve, "Leave lightweight components without geometry");
-    command.add_flag("--thumbnails", arguments.thumbnails, "Write a page of pictures beside the result");
+    for (const orvane::OptionRow& row : orvane::kExportOptions) {
+        command.add_flag_callback(
+            row.flag, [&row, &options = arguments.options] { options.*row.option = row.flagValue; },
+            row.help);
+    }
     command.add_option("--host-folder", arguments.hostFolder, "Folder of the host's appearance library")
         ->type_name("DIR");
     command

@@ -15,6 +15,7 @@ class EmbeddedApplication final : public HostApplication {
 public:
     explicit EmbeddedApplication(SessionRef session) : session_(std::move(session)) {}
 
+    std::u16string revisionText() override { return u"28"; }
     HostRef<HostModelDoc> activeDocument() override { return makeModelDoc(session_, session_->opened()); }
     std::int32_t openDocumentCount() override { return countOf(session_->model.documents); }
     std::vector<HostRef<HostModelDoc>> openDocuments() override {

@@ -3,13 +3,9 @@
 #include "host/HostApplication.h"
 #include "model/records/ModelRecords.h"
 
-#include <cstdint>
 #include <string>
 
 namespace orvane {
-
-/// The revision that the embedded host answers.
-inline constexpr std::int32_t kEmbeddedHostRevision = 28;
 
 /// A host in which `model` is open, its first document in front. Every host operation is answered from the
 /// records. `hostInstallFolder` is the folder of the host's library, as `toHostPath` gives it; empty: there

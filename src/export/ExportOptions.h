@@ -3,88 +3,71 @@
 #include "platform/SettingsStore.h"
 
 #include <cstdint>
-#include <span>
 #include <string>
-#include <string_view>
 
 namespace orvane {
 
-/// The switches and folders of all exports of a process. Switches are the host's 16-bit flags: 0 is off,
-/// anything else on. Five of them are kept in the settings store under their own names; the others last as
-/// long as the process.
-class ExportOptions {
-public:
-    /// All persistent switches off, folders on the user's desktop. Without a store nothing is kept.
-    explicit ExportOptions(SettingsStore* store = nullptr);
+/// A switch is the host's 16-bit flag: 0 is off, anything else on.
+inline constexpr std::int16_t kSwitchOff = 0;
+inline constexpr std::int16_t kSwitchOn = -1;
 
-    /// Takes over every persistent switch that the store holds; one that it does not hold stays as it is.
-    void load();
+/// The user's desktop folder, where every folder option points at first.
+std::u16string desktopDirectory();
 
-    std::int16_t exportAnimations() const { return exportAnimations_; }
-    std::int16_t exportExplodedViews() const { return exportExplodedViews_; }
-    std::int16_t exportViews() const { return exportViews_; }
-    std::int16_t exportCameras() const { return exportCameras_; }
-    std::int16_t exportLights() const { return exportLights_; }
-    void setExportAnimations(std::int16_t value) { setPersistent(&ExportOptions::exportAnimations_, value); }
-    void setExportExplodedViews(std::int16_t value) {
-        setPersistent(&ExportOptions::exportExplodedViews_, value);
-    }
-    void setExportViews(std::int16_t value) { setPersistent(&ExportOptions::exportViews_, value); }
-    void setExportCameras(std::int16_t value) { setPersistent(&ExportOptions::exportCameras_, value); }
-    void setExportLights(std::int16_t value) { setPersistent(&ExportOptions::exportLights_, value); }
+/// The switches and folders of all exports of a process, with their defaults. Whatever a person can switch on
+/// the command line, or what is kept from run to run, has a row in `kExportOptions`.
+struct ExportOptions {
+    std::int16_t exportViews = kSwitchOff;
+    std::int16_t exportCameras = kSwitchOff;
+    std::int16_t exportLights = kSwitchOff;
+    std::int16_t exportAnimations = kSwitchOff;
+    std::int16_t exportExplodedViews = kSwitchOff;
+    std::int16_t limitPrimitiveSize = kSwitchOn; ///< splits meshes into primitives for 16-bit indices
+    std::int16_t resolveComponents = kSwitchOn;  ///< loads lightweight components while the export runs
+    std::int16_t generateThumbnails = kSwitchOff;
+    std::int16_t defaultBinary = kSwitchOn; ///< whether an export without a path becomes a `.glb`
+    std::u16string destinationDirectory = desktopDirectory(); ///< of an export without a path
 
-    /// Shown to the person, without effect.
-    std::int16_t meshFlag() const { return meshFlag_; }
-    void setMeshFlag(std::int16_t value) { meshFlag_ = value; }
-    /// Splits large meshes into primitives that 16-bit indices can address.
-    std::int16_t limitPrimitiveSize() const { return limitPrimitiveSize_; }
-    void setLimitPrimitiveSize(std::int16_t value) { limitPrimitiveSize_ = value; }
-    std::int16_t automationFlag() const { return automationFlag_; }
-    void setAutomationFlag(std::int16_t value) { automationFlag_ = value; }
-    /// Loads lightweight components for the time of the export.
-    std::int16_t resolveComponents() const { return resolveComponents_; }
-    void setResolveComponents(std::int16_t value) { resolveComponents_ = value; }
-    /// Whether an export without a path becomes a `.glb`.
-    std::int16_t defaultBinary() const { return defaultBinary_; }
-    void setDefaultBinary(std::int16_t value) { defaultBinary_ = value; }
-    std::int16_t generateThumbnails() const { return generateThumbnails_; }
-    void setGenerateThumbnails(std::int16_t value) { generateThumbnails_ = value; }
-    std::int16_t catalogRequested() const { return catalogRequested_; }
-    void setCatalogRequested(std::int16_t value) { catalogRequested_ = value; }
-
-    /// The folder of an export without a path.
-    const std::u16string& destinationDirectory() const { return destinationDirectory_; }
-    void setDestinationDirectory(std::u16string folder) { destinationDirectory_ = std::move(folder); }
-    const std::u16string& qaDestinationDirectory() const { return qaDestinationDirectory_; }
-    void setQaDestinationDirectory(std::u16string folder) { qaDestinationDirectory_ = std::move(folder); }
-    const std::u16string& databaseDirectory() const { return databaseDirectory_; }
-    void setDatabaseDirectory(std::u16string folder) { databaseDirectory_ = std::move(folder); }
-
-private:
-    using Flag = std::int16_t ExportOptions::*;
-    struct PersistentFlag {
-        std::string_view name;
-        Flag flag;
-    };
-    static std::span<const PersistentFlag> persistentFlags();
-    void setPersistent(Flag flag, std::int16_t value);
-
-    SettingsStore* store_;
-    std::int16_t exportAnimations_ = 0;
-    std::int16_t exportExplodedViews_ = 0;
-    std::int16_t exportViews_ = 0;
-    std::int16_t exportCameras_ = 0;
-    std::int16_t exportLights_ = 0;
-    std::int16_t meshFlag_ = -1;
-    std::int16_t limitPrimitiveSize_ = -1;
-    std::int16_t automationFlag_ = -1;
-    std::int16_t resolveComponents_ = -1;
-    std::int16_t defaultBinary_ = -1;
-    std::int16_t generateThumbnails_ = 0;
-    std::int16_t catalogRequested_ = 0;
-    std::u16string destinationDirectory_;
-    std::u16string qaDestinationDirectory_;
-    std::u16string databaseDirectory_;
+    // No export reads the following ones: they are what the options page shows and what the tools around the
+    // exporter hand to each other.
+    std::int16_t meshFlag = kSwitchOn;                          ///< for the options page alone
+    std::int16_t automationFlag = kSwitchOn;                    ///< off while the catalog or the QA runs
+    std::int16_t catalogRequested = kSwitchOff;                 ///< set by the catalog's dialog
+    std::u16string qaDestinationDirectory = desktopDirectory(); ///< of the QA's results
+    std::u16string databaseDirectory = desktopDirectory();      ///< of the catalog
 };
+
+using ExportSwitch = std::int16_t ExportOptions::*;
+
+/// What the command and the settings store know of one switch.
+struct OptionRow {
+    ExportSwitch option;
+    const char* storedName; ///< in the settings store; empty: lasts as long as the process
+    const char* flag;       ///< of `orvane export`
+    std::int16_t flagValue; ///< what that flag sets
+    const char* help;       ///< on the flag
+};
+
+/// In the order in which they are shown.
+inline constexpr OptionRow kExportOptions[] = {
+    {&ExportOptions::exportViews, "ExportViews", "--views", kSwitchOn, "Export the named views as cameras"},
+    {&ExportOptions::exportCameras, "ExportCameras", "--cameras", kSwitchOn, "Export the camera features"},
+    {&ExportOptions::exportLights, "ExportLights", "--lights", kSwitchOn, "Export the lights"},
+    {&ExportOptions::exportAnimations, "ExportAnimations", "--animations", kSwitchOn,
+     "Export the motion studies"},
+    {&ExportOptions::exportExplodedViews, "ExportExplodedViews", "--exploded-views", kSwitchOn,
+     "Export the exploded views as animations"},
+    {&ExportOptions::limitPrimitiveSize, "", "--no-primitive-limit", kSwitchOff,
+     "Do not split meshes of more than 21,666 triangles; larger ones come out wrong"},
+    {&ExportOptions::resolveComponents, "", "--no-resolve", kSwitchOff,
+     "Leave lightweight components without geometry"},
+    {&ExportOptions::generateThumbnails, "", "--thumbnails", kSwitchOn,
+     "Write a page of pictures beside the result"},
+};
+
+/// Takes over every switch that the store holds; one that it does not hold stays as it is.
+void loadOptions(ExportOptions& options, SettingsStore& store);
+/// Writes a switch to the store if it has a name there.
+void storeOption(const ExportOptions& options, ExportSwitch option, SettingsStore& store);
 
 } // namespace orvane

@@ -44,8 +44,8 @@ ExportTarget resolveTarget(const ExportRequest& request, const ExportOptions& op
     } else {
         target.fileName = title;
         splitExtension(target.fileName);
-        target.fileExtension = options.defaultBinary() ? "glb" : "gltf";
-        basePath = toSystemNarrow(options.destinationDirectory());
+        target.fileExtension = options.defaultBinary != 0 ? "glb" : "gltf";
+        basePath = toSystemNarrow(options.destinationDirectory);
     }
     fileSafeName(target.fileName);
     target.destinationFolder = basePath + "\\";

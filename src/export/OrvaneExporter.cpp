@@ -15,6 +15,7 @@
 #include "views/ViewStorageList.h"
 
 #include <algorithm>
+#include <charconv>
 #include <exception>
 #include <new>
 #include <utility>
@@ -30,6 +31,14 @@ constexpr const char* kNameWithoutTitle = "scene";
 /// Nothing for no configuration.
 std::optional<std::u16string> nameOf(const HostRef<HostConfiguration>& configuration) {
     return configuration ? std::optional(configuration->getConfigurationName()) : std::nullopt;
+}
+
+/// The whole number at the start of a text; 0 where none stands there.
+std::int32_t leadingNumber(const std::u16string& text) {
+    const std::string narrow = toSystemNarrow(text);
+    std::int32_t number = 0;
+    std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
+    return number;
 }
 
 /// A folder that goes again with the object, if it was made here and stayed empty.
@@ -58,8 +67,17 @@ private:
 } // namespace
 
 COrvaneExporter::COrvaneExporter(const ExporterSurroundings& surroundings)
-    : surroundings_(surroundings), options_(surroundings.settings) {
-    options_.load();
+    : hostRevision(leadingNumber(surroundings.host.revisionText())), surroundings_(surroundings) {
+    if (surroundings_.settings) {
+        loadOptions(options_, *surroundings_.settings);
+    }
+}
+
+void COrvaneExporter::setOption(ExportSwitch option, std::int16_t value) {
+    options_.*option = value;
+    if (surroundings_.settings) {
+        storeOption(options_, option, *surroundings_.settings);
+    }
 }
 
 void COrvaneExporter::onSaveAs(const std::u16string& path, const std::string& first,
@@ -225,7 +243,7 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
                           .options = options_,
                           .document = document_,
                           .report = report_,
-                          .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize() != 0},
+                          .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize != 0},
                           .appearances = appearances,
                           .title = defaultDocumentTitle(),
                           .rootTransform = {},
@@ -238,8 +256,8 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
             modelDoc->setActiveView(view);
         }
     });
-    const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras() != 0,
-                                options_.exportViews() != 0, context.cameraNodes);
+    const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras != 0,
+                                options_.exportViews != 0, context.cameraNodes);
     const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
     const std::optional<std::u16string> shownAtFirst = nameOf(configurations.activeConfiguration);
     PutBack configurationBack([&] {

@@ -35,6 +35,7 @@ struct ExporterSurroundings {
 /// tells what became of the last export.
 class COrvaneExporter {
 public:
+    /// Connects to the host: asks it for its revision, and takes the options that the store holds.
     explicit COrvaneExporter(const ExporterSurroundings& surroundings);
     virtual ~COrvaneExporter() = default;
     COrvaneExporter(const COrvaneExporter&) = delete;
@@ -61,12 +62,16 @@ public:
     /// The title of the document in front; a text in the person's language when the host gives none.
     std::u16string defaultDocumentTitle();
 
-    ExportOptions& options() { return options_; }
+    const ExportOptions& options() const { return options_; }
+    /// Takes other options for the exports to come. Nothing of them is stored.
+    void setOptions(ExportOptions options) { options_ = std::move(options); }
+    /// Sets one switch for the exports to come, and stores it if it is one that is kept.
+    void setOption(ExportSwitch option, std::int16_t value);
     /// The counters of the running export; the place for a listener.
     Progress& progress() { return document_.progress; }
     const ExportReport& report() const { return report_; }
 
-    std::int32_t hostRevision = 0; ///< the host's major revision, set at connection
+    std::int32_t hostRevision; ///< the host's major revision, as the host told it at connection
 
 private:
     /// Whether an export began, and with it what it leaves behind.

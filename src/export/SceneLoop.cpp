@@ -40,7 +40,7 @@ void buildAssemblyNodes(ExportContext& context, const HostConfiguration& configu
         return;
     }
     std::optional<ComponentStateList> states;
-    if (context.options.resolveComponents()) {
+    if (context.options.resolveComponents != 0) {
         states.emplace(root);
         setStates(root, kComponentFullyResolved);
     }
@@ -72,7 +72,7 @@ void buildScene(ExportContext& context, HostConfiguration& configuration, const 
     } else {
         buildPartNodes(context, configuration, scene);
     }
-    if (context.options.exportLights() != 0) {
+    if (context.options.exportLights != 0) {
         exportLights(context.host, context.document, scene);
     }
     context.document.scenes.push_back(std::move(scene));

@@ -8,13 +8,13 @@ namespace orvane {
 namespace {
 
 bool wantsExplodedViews(const ExportContext& context) {
-    return context.isAssembly && context.options.exportExplodedViews();
+    return context.isAssembly && context.options.exportExplodedViews != 0;
 }
 
 } // namespace
 
 void expectMotion(ExportContext& context) {
-    if (wantsExplodedViews(context) || context.options.exportAnimations()) {
+    if (wantsExplodedViews(context) || context.options.exportAnimations != 0) {
         context.nodeOrigins.emplace();
     }
 }
@@ -38,7 +38,7 @@ void sampleMotion(ExportContext& context, const HostConfiguration& configuration
     if (assembly && wantsExplodedViews(context)) {
         sampleExplodedViews(*assembly, motion);
     }
-    if (context.options.exportAnimations()) {
+    if (context.options.exportAnimations != 0) {
         sampleStudies(motion);
     }
     context.nodeOrigins.reset();

@@ -13,6 +13,8 @@ namespace orvane {
 /// The host itself. It outlives every reference to an object of its own.
 class HostApplication : public HostObject {
 public:
+    /// The host's revision, its major number first: "28.1.0".
+    virtual std::u16string revisionText() = 0;
     /// The document in front; empty when none is open.
     virtual HostRef<HostModelDoc> activeDocument() = 0;
     virtual std::int32_t openDocumentCount() = 0;

@@ -36,8 +36,8 @@ struct Animation : testing::Test {
 
     nlohmann::json exported(bool animations = true, bool explodedViews = true) {
         run.emplace(builder.take());
-        run->exporter.options().setExportAnimations(animations ? -1 : 0);
-        run->exporter.options().setExportExplodedViews(explodedViews ? -1 : 0);
+        run->exporter.setOption(&ExportOptions::exportAnimations, animations ? kSwitchOn : kSwitchOff);
+        run->exporter.setOption(&ExportOptions::exportExplodedViews, explodedViews ? kSwitchOn : kSwitchOff);
         return run->json();
     }
 
@@ -103,12 +103,12 @@ TEST_F(Animation, FollowsTheOptions) {
     const nlohmann::json neither = exported(false, false);
     EXPECT_FALSE(neither.contains("animations"));
     EXPECT_THAT(neither["buffers"], IsEmpty());
-    run->exporter.options().setExportExplodedViews(1);
+    run->exporter.setOption(&ExportOptions::exportExplodedViews, 1);
     const nlohmann::json views = run->json();
     ASSERT_EQ(views["animations"].size(), 1u);
     EXPECT_EQ(views["animations"][0]["name"], "E");
-    run->exporter.options().setExportExplodedViews(0);
-    run->exporter.options().setExportAnimations(1);
+    run->exporter.setOption(&ExportOptions::exportExplodedViews, 0);
+    run->exporter.setOption(&ExportOptions::exportAnimations, 1);
     const nlohmann::json studies = run->json();
     ASSERT_EQ(studies["animations"].size(), 1u);
     EXPECT_EQ(studies["animations"][0]["name"], "S");

@@ -139,7 +139,7 @@ TEST(LightweightComponents, AreResolvedForTheTimeOfTheExport) {
 
 TEST(LightweightComponents, HaveNoGeometryWhenTheyAreLeftAlone) {
     ExportRun run(lightweightModel());
-    run.exporter.options().setResolveComponents(0);
+    run.exporter.setOption(&ExportOptions::resolveComponents, 0);
     EXPECT_THAT(sceneTexts(run.json()),
                 ElementsAre("Default - Display State 1 = top[a:0 b[c]]", "Two - A = top[a:1 b[c]]"));
 }

@@ -67,12 +67,11 @@ void expectSame(const std::string& actual, const std::string& expected) {
 /// is switched on.
 struct RackRun : ExportRun {
     RackRun() : ExportRun(readModel(kFolder + "rack.tfgasm")) {
-        ExportOptions& options = exporter.options();
-        options.setExportViews(-1);
-        options.setExportCameras(-1);
-        options.setExportLights(-1);
-        options.setExportAnimations(-1);
-        options.setExportExplodedViews(-1);
+        run.exporter.setOptions({.exportViews = kSwitchOn,
+                                 .exportCameras = kSwitchOn,
+                                 .exportLights = kSwitchOn,
+                                 .exportAnimations = kSwitchOn,
+                                 .exportExplodedViews = kSwitchOn});
     }
 };
 

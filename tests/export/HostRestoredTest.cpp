@@ -59,12 +59,11 @@ constexpr const char* kAtFirst =
 
 struct HostRestored : testing::TestWithParam<const char*> {
     HostRestored() {
-        ExportOptions& options = run.exporter.options();
-        options.setExportAnimations(-1);
-        options.setExportExplodedViews(-1);
-        options.setExportViews(-1);
-        options.setExportCameras(-1);
-        options.setExportLights(-1);
+        run.exporter.setOptions({.exportViews = kSwitchOn,
+                                 .exportCameras = kSwitchOn,
+                                 .exportLights = kSwitchOn,
+                                 .exportAnimations = kSwitchOn,
+                                 .exportExplodedViews = kSwitchOn});
     }
 
     ExportRun run{changingModel()};

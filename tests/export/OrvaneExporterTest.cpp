@@ -47,7 +47,6 @@ struct Driver : testing::Test {
         {.host = *host, .prompts = &around, .cursor = &around, .texts = &around, .settings = &around}};
     TemporaryFolder folder;
 
-    Driver() { exporter.hostRevision = 28; }
     std::u16string path(const std::string& name) { return fromNarrow(folder / name); }
     static std::u16string fromNarrow(const std::string& text) { return {text.begin(), text.end()}; }
 };
@@ -96,10 +95,10 @@ TEST_F(Driver, AsksBeforeItReplacesATextExportThatTheHostCouldNotSee) {
 }
 
 TEST_F(Driver, NamesAnExportWithoutAPathByTheTitle) {
-    exporter.options().setDestinationDirectory(fromNarrow(folder.path().string()));
+    exporter.setOptions({.destinationDirectory = fromNarrow(folder.path().string())});
     exporter.exportActiveDocument();
     EXPECT_EQ(exporter.report().writtenFile, folder / "plate.glb");
-    exporter.options().setDefaultBinary(0);
+    exporter.setOption(&ExportOptions::defaultBinary, 0);
     exporter.exportActiveDocument();
     EXPECT_EQ(exporter.report().writtenFile, folder / "plate/plate.gltf");
 }
@@ -107,32 +106,28 @@ TEST_F(Driver, NamesAnExportWithoutAPathByTheTitle) {
 TEST_F(Driver, TakesATextOfTheLanguageWhereTheTitleIsMissing) {
     host = openEmbeddedHost(smallPart(u""));
     COrvaneExporter untitled({.host = *host, .texts = &around});
-    untitled.hostRevision = 28;
-    untitled.options().setDestinationDirectory(fromNarrow(folder.path().string()));
+    untitled.setOptions({.destinationDirectory = fromNarrow(folder.path().string())});
     untitled.exportActiveDocument();
     EXPECT_EQ(untitled.report().writtenFile, folder / "text_127.glb");
     EXPECT_THAT(readFile(folder / "text_127.glb"), HasSubstr("\"name\": \"text 127.x\""));
 }
 
 TEST_F(Driver, KeepsPersistentOptionsInTheStore) {
-    EXPECT_EQ(exporter.options().exportLights(), 0);
-    exporter.options().setExportLights(-1);
-    exporter.options().setExportViews(1);
-    exporter.options().setResolveComponents(0);
+    EXPECT_EQ(exporter.options().exportLights, 0);
+    exporter.setOption(&ExportOptions::exportLights, -1);
+    exporter.setOption(&ExportOptions::exportViews, 1);
+    exporter.setOption(&ExportOptions::resolveComponents, 0);
     EXPECT_EQ(around.stored,
               (std::map<std::string, std::uint32_t>{{"ExportLights", 0xFFFFFFFF}, {"ExportViews", 1}}));
     const COrvaneExporter next({.host = *host, .settings = &around});
-    ExportOptions reloaded(&around);
-    reloaded.load();
-    EXPECT_EQ(reloaded.exportLights(), -1);
-    EXPECT_EQ(reloaded.exportViews(), 1);
-    EXPECT_EQ(reloaded.exportCameras(), 0);
-    EXPECT_NE(reloaded.resolveComponents(), 0) << "lasts no longer than the process";
+    EXPECT_EQ(next.options().exportLights, -1);
+    EXPECT_EQ(next.options().exportViews, 1);
+    EXPECT_EQ(next.options().exportCameras, 0);
+    EXPECT_NE(next.options().resolveComponents, 0) << "lasts no longer than the process";
 }
 
 TEST(ExportTarget, IsWorkedOutFromTheFirstPathGiven) {
-    ExportOptions options;
-    options.setDestinationDirectory(u"D:\\out");
+    const ExportOptions options{.destinationDirectory = u"D:\\out"};
     const auto describe = [&](const ExportRequest& request, const std::string& title = "a b.c.tfgprt") {
         const ExportTarget target = resolveTarget(request, options, title);
         return target.destinationFolder + " " + target.fileName + " " + target.fileExtension + " " +
@@ -216,7 +211,7 @@ TEST(Export, TellsWhatWentWrongAndLeavesNoHalfWrittenTarget) {
 
 TEST(Export, GivesATitleThatIsNoFileNameAShortOne) {
     ExportRun run(smallPart(std::u16string(300, u't')));
-    run.exporter.options().setDestinationDirectory(Driver::fromNarrow(run.folder.path().string()));
+    run.exporter.setOptions({.destinationDirectory = Driver::fromNarrow(run.folder.path().string())});
     run.exporter.exportActiveDocument();
     EXPECT_EQ(run.exporter.report().writtenFile, run.folder / "scene.glb");
     EXPECT_THAT(run.exporter.report().warnings, ElementsAre(HasSubstr("the title is no file name")));

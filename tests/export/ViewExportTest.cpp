@@ -11,9 +11,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 void exportAll(ExportRun& run) {
-    run.exporter.options().setExportViews(-1);
-    run.exporter.options().setExportCameras(-1);
-    run.exporter.options().setExportLights(-1);
+    run.exporter.setOption(&ExportOptions::exportViews, -1);
+    run.exporter.setOption(&ExportOptions::exportCameras, -1);
+    run.exporter.setOption(&ExportOptions::exportLights, -1);
 }
 
 /// Gives a document two lights, a named view and two display states.

@@ -16,9 +16,7 @@ namespace orvane {
 /// Exports models into a folder of its own.
 class ExportRun {
 public:
-    explicit ExportRun(Model model) : host(openEmbeddedHost(std::move(model))), exporter({.host = *host}) {
-        exporter.hostRevision = kEmbeddedHostRevision;
-    }
+    explicit ExportRun(Model model) : host(openEmbeddedHost(std::move(model))), exporter({.host = *host}) {}
 
     /// Exports as `name`, and gives the text of the `.gltf` or the whole `.glb`; empty when nothing was
     /// written.
