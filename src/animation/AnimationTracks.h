@@ -16,7 +16,6 @@ struct XformKey {
     HostRef<HostTransform> global; ///< in the root's space; frames may share one object
     double time = -1;              ///< in the study, seconds; negative: the frame number is the time
     std::int32_t frame = -1;
-    bool synthetic = false; ///< made by no study
 };
 
 struct NodeXformTrack {

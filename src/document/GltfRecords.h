@@ -73,10 +73,6 @@ struct GltfDecal {
     std::int32_t index = -1;
     std::int32_t material = -1;    ///< index into the materials
     std::int32_t maskTexture = -1; ///< index into the textures
-    std::int32_t decalId = 0;
-    bool bmaskInvert = false;
-    std::string smaskFileName; ///< path of the mask picture
-    std::vector<std::int32_t> ids;
 };
 
 /// One appearance of the host, by the host's values. Colours have red in the low byte, then green, then blue;
@@ -204,9 +200,7 @@ struct GltfLight {
     std::array<double, 3> color{};
     double spotAngle = 0; ///< radians; 0 unless the light is a spot light
     double intensity = 0;
-    std::array<double, 3> attenuation{};
     bool enabled = false;
-    std::string name;
 };
 
 enum class ChannelPath { translation, rotation, scale };

@@ -12,8 +12,6 @@ class UvGenerator {
 public:
     explicit UvGenerator(std::unique_ptr<const UvGenBase2> generator) : generator_(std::move(generator)) {}
 
-    bool hasGenerator() const { return generator_ != nullptr; }
-
     /// As `UvGenBase2::generate`; leaves `out` as it was where there is no generator.
     void generate(FloatVector position, FloatVector normal, FloatVector& out) const {
         if (generator_) {

@@ -10,8 +10,7 @@
 /// double throughout, in the order written, and narrowed once.
 namespace orvane {
 
-inline constexpr float kDegreesPerRadian = 57.29578f;
-inline constexpr float kRadiansPerDegree = 1.0f / kDegreesPerRadian;
+inline constexpr float kRadiansPerDegree = 1.0f / 57.29578f;
 inline constexpr float kPi = 3.1415927f;
 
 inline FloatVector mappingCentre(const GltfMaterial& material) {

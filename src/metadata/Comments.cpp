@@ -31,6 +31,14 @@ std::vector<GltfComment> readComments(HostModelDoc& document) {
     return comments;
 }
 
+void collectNodeComments(GltfNode& node, const HostRef<HostModelDoc>& nodeDocument,
+                         DocumentComments& comments) {
+    if (nodeDocument) {
+        const std::vector<GltfComment>& found = comments.of(nodeDocument);
+        node.comments.insert(node.comments.end(), found.begin(), found.end());
+    }
+}
+
 void collectBelow(GltfDocument& document, std::span<const std::int32_t> nodes,
                   const NodeDocuments& nodeDocuments, DocumentComments& comments) {
     for (const std::int32_t id : nodes) {
@@ -63,14 +71,6 @@ const std::vector<GltfComment>& DocumentComments::of(const HostRef<HostModelDoc>
         entry->second = {document, readComments(*document)};
     }
     return entry->second.comments;
-}
-
-void collectNodeComments(GltfNode& node, const HostRef<HostModelDoc>& nodeDocument,
-                         DocumentComments& comments) {
-    if (nodeDocument) {
-        const std::vector<GltfComment>& found = comments.of(nodeDocument);
-        node.comments.insert(node.comments.end(), found.begin(), found.end());
-    }
 }
 
 void collectSceneComments(GltfDocument& document, std::span<const std::int32_t> nodes,

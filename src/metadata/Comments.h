@@ -36,11 +36,7 @@ private:
     std::unordered_map<const void*, Entry> byIdentity_;
 };
 
-/// Appends the comments of the document that a node shows; an empty reference has none.
-void collectNodeComments(GltfNode& node, const HostRef<HostModelDoc>& nodeDocument,
-                         DocumentComments& comments);
-
-/// Does so for the nodes of a scene and everything below them.
+/// Appends the comments of the documents that they show to the nodes of a scene and everything below them.
 void collectSceneComments(GltfDocument& document, std::span<const std::int32_t> nodes,
                           const NodeDocuments& nodeDocuments);
 

@@ -58,14 +58,12 @@ NodeMatrix lightMatrix(const PackedData& props) {
     return matrix;
 }
 
-void fillLight(GltfLight& light, const PackedData& props, std::string name) {
+void fillLight(GltfLight& light, const PackedData& props) {
     light.type = props.type;
     light.color = props.color;
     light.spotAngle = props.type == kSpotLight ? props.coneAngle * 3.141592653589793 / 180.0 : 0.0;
     light.intensity = props.intensity + props.level;
-    light.attenuation = props.attenuation;
     light.enabled = props.status == 0;
-    light.name = std::move(name);
 }
 
 } // namespace
@@ -74,7 +72,6 @@ void exportLights(HostApplication& host, GltfDocument& document, GltfScene& scen
     const HostRef<HostModelDoc> modelDoc = host.activeDocument();
     const std::int32_t numLights = modelDoc ? modelDoc->countLights() : 0;
     for (std::int32_t number = 0; number < numLights; ++number) {
-        std::string name = lightName(*modelDoc, number);
         PackedData props;
         modelDoc->lightProperties(number, props);
         if (!isExported(props.type)) {
@@ -83,10 +80,10 @@ void exportLights(HostApplication& host, GltfDocument& document, GltfScene& scen
         GltfLight& light = addRecord(document.lights);
         GltfNode& node = addRecord(document.nodes);
         node.light = light.index;
-        node.name = "LightNode_" + name;
+        node.name = "LightNode_" + lightName(*modelDoc, number);
         node.matrix = lightMatrix(props);
         scene.nodes.push_back(node.id);
-        fillLight(light, props, std::move(name));
+        fillLight(light, props);
     }
 }
 

@@ -108,8 +108,8 @@ TEST_F(Decals, AreNotedForTheComponentsThatTheyTouch) {
     };
     EXPECT_THAT(decalsOf(1), ElementsAre(0, 1));
     EXPECT_THAT(decalsOf(40), ElementsAre(1, 0));
-    EXPECT_EQ(document.decals[0]->decalId, 7);
     EXPECT_EQ(document.decals.size(), 2u);
+    EXPECT_EQ(document.decals[1]->material, 1);
 }
 
 } // namespace
