@@ -41,12 +41,8 @@ bool isLamp(std::string_view baseName) {
 void readLook(GltfMaterial& material, const AppearanceLook& look, std::string_view baseName) {
     material.a_emission = look.emission > 0 && !isLamp(baseName) ? 0 : look.emission;
     material.primaryColor = look.primaryColor;
-    material.secondaryColor = look.secondaryColor;
-    material.tertiaryColor = look.tertiaryColor;
     material.a_reflectivity = look.reflectivity;
     material.a_specularSpread = look.specularSpread;
-    material.a_specular = look.specular;
-    material.l_specularColor = look.specularColor;
     material.a_transparency = look.transparency;
 }
 
@@ -127,17 +123,14 @@ void AssignMaterialProperties(GltfMaterial& material, const HostMaterialProperti
     const MaterialPropertyValues values = properties->readValues();
     material.properties = properties->identity();
     material.blurry = values.blurry == kAllBits;
-    material.a_diffuse = values.a_diffuse;
     material.a_emission = values.a_emission;
     material.a_reflectivity = values.a_reflectivity;
-    material.a_specular = values.a_specular;
     material.a_specularSpread = values.a_specularSpread;
     material.a_transparency = values.a_transparency;
     if (isBlack(material.primaryColor) && !isBlack(values.l_primaryColor) &&
         material.textureFileName.empty()) {
         material.primaryColor = values.l_primaryColor;
     }
-    material.l_specularColor = values.l_specularColor;
 }
 
 } // namespace orvane

@@ -90,14 +90,9 @@ struct GltfMaterial {
     std::string textureFileName;     ///< path of the base colour picture
     double a_emission = 0;
     std::uint32_t primaryColor = 0x7F7F7F7F;
-    std::uint32_t secondaryColor = 0;
-    std::uint32_t tertiaryColor = 0;
     double a_reflectivity = 0;
     double a_specularSpread = 0;
-    double a_specular = 0;
-    std::uint32_t l_specularColor = 0;
     double a_transparency = 0; ///< 0 opaque, 1 fully transparent
-    double a_diffuse = 1;
     bool blurry = false;
 
     /// 0 takes the host's own texture coordinates; 1 projection, 2 sphere, 3 cylinder, 4 box.
