@@ -48,7 +48,7 @@ void readLook(GltfMaterial& material, const AppearanceLook& look, std::string_vi
 
 void readMapping(GltfMaterial& material, const AppearanceMapping& mapping) {
     const auto narrow = [](double value) { return static_cast<float>(value); };
-    material.mappingType = mapping.type;
+    material.mappingType = static_cast<MappingType>(mapping.type);
     material.width = mapping.width;
     material.height = mapping.height;
     material.offsetU = mapping.offsetU;

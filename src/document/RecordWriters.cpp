@@ -78,17 +78,16 @@ std::string_view typeName(AccessorType type) {
     return "";
 }
 
-std::string_view lightTypeName(std::int32_t type) {
+std::string_view lightTypeName(LightType type) {
     switch (type) {
-    case 2:
+    case LightType::spot:
         return "spot";
-    case 3:
+    case LightType::point:
         return "point";
-    case 4:
+    case LightType::directional:
         return "directional";
-    default:
-        return "";
     }
+    return "";
 }
 
 std::string_view interpolationName(Interpolation interpolation) {
@@ -193,7 +192,7 @@ void writeCamera(TextStream& out, const GltfCamera& camera) {
 
 void writeLight(TextStream& out, const GltfLight& light) {
     out << "\t\t\t\t{\n";
-    if (light.type != 4) {
+    if (light.type != LightType::directional) {
         // All three attenuations carry the intensity: readers of this format expect it there.
         out << "\t\t\t\t\t\"positional\": {\n"
             << "\t\t\t\t\t\t\"constantAttenuation\": " << light.intensity << ",\n"

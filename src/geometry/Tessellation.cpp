@@ -47,7 +47,7 @@ void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, const Tessell
         const std::span<float> texCoords = stream.texCoords.grow(6 * triangles);
         zeroUnless(face->faceTrianglePositions(true, positions), positions);
         zeroUnless(face->faceTriangleNormals(normals), normals);
-        if (!theMaterial || theMaterial->mappingType == 0) {
+        if (!theMaterial || theMaterial->mappingType == MappingType::automatic) {
             zeroUnless(face->faceTriangleTexCoords(texCoords), texCoords);
         } else {
             generateTexCoords(makeUvGenerator(*theMaterial, input.modelBounds()), positions, normals,

@@ -23,9 +23,8 @@ private:
     std::unique_ptr<const UvGenBase2> generator_;
 };
 
-/// The generator for a material's mapping type: 1 projection, 2 sphere, 3 cylinder, 4 box, none for any
-/// other. The material outlives the result; of the bounds a copy is taken. Allocates no more than the one
-/// generator.
+/// The generator for a material's mapping, none where it has no mapping of its own. The material outlives the
+/// result; of the bounds a copy is taken. Allocates no more than the one generator.
 UvGenerator makeUvGenerator(const GltfMaterial& material, const ModelBounds& bounds);
 
 } // namespace orvane

@@ -110,9 +110,10 @@ TEST_F(AppearanceReading, LooksForPicturesOfTheLibrary) {
 
 TEST_F(AppearanceReading, NarrowsTheMapping) {
     AppearanceRecord record;
-    record.mapping = {.type = 3, .width = 0.1, .center = {0.1, 0, 2}, .mirrorHorizontal = true};
+    record.mapping = {
+        .type = MappingKind::cylinder, .width = 0.1, .center = {0.1, 0, 2}, .mirrorHorizontal = true};
     const GltfMaterial& material = read(record);
-    EXPECT_EQ(material.mappingType, 3);
+    EXPECT_EQ(material.mappingType, MappingType::cylinder);
     EXPECT_EQ(material.width, 0.1);
     EXPECT_EQ(material.cx, 0.1f);
     EXPECT_EQ(material.cz, 2.0f);

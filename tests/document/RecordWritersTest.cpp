@@ -271,7 +271,7 @@ TEST(MaterialWriter, TakesRoughnessFromSpreadOnlyWhenBlurry) {
 }
 
 TEST(LightWriter, WritesTheIntensityInEveryAttenuation) {
-    GltfLight light{.index = 0, .type = 2, .color = {1, 0.5, 0}, .intensity = 2};
+    GltfLight light{.index = 0, .type = LightType::spot, .color = {1, 0.5, 0}, .intensity = 2};
     EXPECT_EQ(textOf([&](TextStream& out) { writeLight(out, light); }),
               "\t\t\t\t{\n"
               "\t\t\t\t\t\"positional\": {\n"
@@ -286,11 +286,11 @@ TEST(LightWriter, WritesTheIntensityInEveryAttenuation) {
               "\t\t\t\t\t],\n"
               "\t\t\t\t\t\"type\" : \"spot\"\n"
               "\t\t\t\t}");
-    light.type = 4;
+    light.type = LightType::directional;
     const std::string directional = textOf([&](TextStream& out) { writeLight(out, light); });
     EXPECT_EQ(directional.find("positional"), std::string::npos);
     EXPECT_NE(directional.find("\"type\" : \"directional\"\n"), std::string::npos);
-    light.type = 9;
+    light.type = LightType{9};
     const std::string unknown = textOf([&](TextStream& out) { writeLight(out, light); });
     EXPECT_NE(unknown.find("positional"), std::string::npos);
     EXPECT_NE(unknown.find("\"type\" : \"\"\n"), std::string::npos);
