@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace orvane {
+namespace orvane::animation {
 
 /// Where a node stands in one frame of a study.
 struct XformKey {
@@ -43,4 +43,4 @@ struct AnimationTracks {
     std::vector<KeyedChannel> channels;
 };
 
-} // namespace orvane
+} // namespace orvane::animation

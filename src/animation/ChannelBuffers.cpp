@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-namespace orvane {
+namespace orvane::animation {
 
 namespace {
 
@@ -151,4 +151,4 @@ bool writeChannels(AnimationTracks& animation, GltfDocument& document, const Cha
     return !target.report.hasFailed();
 }
 
-} // namespace orvane
+} // namespace orvane::animation

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-namespace orvane {
+namespace orvane::animation {
 
 namespace {
 
@@ -221,4 +221,4 @@ void buildKeys(AnimationTracks& animation, const MotionScene& motion, bool accum
     }
 }
 
-} // namespace orvane
+} // namespace orvane::animation

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace orvane {
+namespace orvane::animation {
 
 /// The placements of one node in the frames of an animation, for those who stand below it. The animation's
 /// tracks and the scene outlive the object.
@@ -35,4 +35,4 @@ private:
 /// node's own placement; they are replaced by their products first.
 void buildKeys(AnimationTracks& animation, const MotionScene& motion, bool accumulate);
 
-} // namespace orvane
+} // namespace orvane::animation

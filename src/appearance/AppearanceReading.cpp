@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace orvane {
+namespace orvane::appearance {
 
 namespace {
 
@@ -133,4 +133,4 @@ void AssignMaterialProperties(GltfMaterial& material, const HostMaterialProperti
     }
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

@@ -23,7 +23,7 @@ std::vector<HostRef<HostDecal>> decalsOf(const HostComponent& component) {
 std::int32_t DecalIndexFor(const MaterialSource& source, const HostDecal& decal,
                            const HostAppearance& appearance) {
     GltfDocument& document = source.document;
-    GltfMaterial& material = readAppearance(source, &appearance);
+    GltfMaterial& material = appearance::readAppearance(source, &appearance);
     GltfDecal& record = addRecord(document.decals);
     record.material = registerMaterial(document, material);
     document.decalById.emplace(decal.decalId(), record.index);

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace orvane {
+namespace orvane::geometry {
 
 namespace {
 
@@ -174,4 +174,4 @@ StretchParts decomposeStretch(const DoubleMatrix3& stretch) {
     return {turned, {k[0], k[1], k[2], 1}};
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

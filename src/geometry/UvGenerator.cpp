@@ -5,7 +5,7 @@
 #include "geometry/UvGenProjection2.h"
 #include "geometry/UvGenSphere2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvGenerator makeUvGenerator(const GltfMaterial& material, const ModelBounds& bounds) {
     switch (material.mappingType) {
@@ -23,4 +23,4 @@ UvGenerator makeUvGenerator(const GltfMaterial& material, const ModelBounds& bou
     return UvGenerator(nullptr);
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

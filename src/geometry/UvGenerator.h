@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// The generator of a material's mapping, or none.
 class UvGenerator {
@@ -27,4 +27,4 @@ private:
 /// result; of the bounds a copy is taken. Allocates no more than the one generator.
 UvGenerator makeUvGenerator(const GltfMaterial& material, const ModelBounds& bounds);
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -17,7 +17,7 @@ HostRef<HostCamera> activeCameraOf(const HostRef<HostView>& view) {
 template <class Storage, class Source>
 void ViewStorageList::store(std::string name, const HostRef<Source>& source,
                             std::vector<std::int32_t>& cameraNodes) {
-    ViewStorageBase& storage =
+    views::ViewStorageBase& storage =
         *storages_.emplace_back(std::make_unique<Storage>(owner_, std::move(name), source));
     storage.createCameraNode(cameraNodes);
 }
@@ -27,7 +27,7 @@ void ViewStorageList::storeTreeCameras(HostModelDoc& document, std::vector<std::
     for (HostRef<HostFeature> top = document.firstFeature(); top; top = top->nextFeature()) {
         for (HostRef<HostFeature> sub = top->firstSubFeature(); sub; sub = sub->nextSubFeature()) {
             if (const auto camera = inRole<HostCamera>(sub->specificFeature())) {
-                store<CameraStorage>(toAsciiName(sub->featureName()), camera, cameraNodes);
+                store<views::CameraStorage>(toAsciiName(sub->featureName()), camera, cameraNodes);
             }
         }
     }
@@ -39,9 +39,9 @@ ViewStorageList::ViewStorageList(const ViewOwner& owner, HostModelDoc& document,
     const HostRef<HostView> current = document.activeView();
     const HostRef<HostCamera> activeCamera = activeCameraOf(current);
     if (current && !activeCamera && exportViews) {
-        store<ViewStorage>("current", current, cameraNodes);
+        store<views::ViewStorage>("current", current, cameraNodes);
     } else if (activeCamera && exportCameras) {
-        store<CameraStorage>("current", activeCamera, cameraNodes);
+        store<views::CameraStorage>("current", activeCamera, cameraNodes);
     }
     if (exportCameras) {
         storeTreeCameras(document, cameraNodes);
@@ -50,7 +50,7 @@ ViewStorageList::ViewStorageList(const ViewOwner& owner, HostModelDoc& document,
         document.showNamedView(name);
         const HostRef<HostView> view = document.activeView();
         if (view && !activeCameraOf(view) && exportViews) {
-            store<ViewStorage>(toAsciiName(name), view, cameraNodes);
+            store<views::ViewStorage>(toAsciiName(name), view, cameraNodes);
         }
     }
 }

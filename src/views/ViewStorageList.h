@@ -28,7 +28,7 @@ private:
     void storeTreeCameras(HostModelDoc& document, std::vector<std::int32_t>& cameraNodes);
 
     ViewOwner owner_;
-    std::vector<std::unique_ptr<ViewStorageBase>> storages_;
+    std::vector<std::unique_ptr<views::ViewStorageBase>> storages_;
 };
 
 } // namespace orvane

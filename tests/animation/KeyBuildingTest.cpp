@@ -6,7 +6,7 @@
 #include <cmath>
 #include <vector>
 
-namespace orvane {
+namespace orvane::animation {
 namespace {
 
 using testing::DoubleNear;
@@ -169,4 +169,4 @@ TEST_F(KeyBuilding, MultipliesStepsUp) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::animation

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace orvane {
+namespace orvane::appearance {
 namespace {
 
 TEST(AppearanceFile, ReadsTheWordBehindAKeyword) {
@@ -90,4 +90,4 @@ TEST(FallbackTextures, TakeTheFirstRowWhoseKeyTheNameHolds) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::appearance

@@ -8,7 +8,7 @@
 
 #include <gmock/gmock.h>
 
-namespace orvane {
+namespace orvane::appearance {
 namespace {
 
 using testing::ElementsAre;
@@ -185,4 +185,4 @@ TEST_F(AppearanceReading, TellsKindsOfEntitiesApart) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::appearance

@@ -6,7 +6,7 @@
 
 #include <cmath>
 
-namespace orvane {
+namespace orvane::geometry {
 namespace {
 
 using enum MappingType;
@@ -179,4 +179,4 @@ TEST_F(UvGeneratorTest, TurnsTheSphereAboutZAndThenAboutY) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::geometry

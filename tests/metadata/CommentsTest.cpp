@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-namespace orvane {
+namespace orvane::metadata {
 namespace {
 
 using testing::ElementsAre;
@@ -157,4 +157,4 @@ TEST_F(Comments, AreWarnedOfWhereStrictReadersRefuseThem) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::metadata
