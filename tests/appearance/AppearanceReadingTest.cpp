@@ -165,23 +165,26 @@ TEST_F(AppearanceReading, FindsTheIndexOfAPairOrMakesOne) {
 
 TEST_F(AppearanceReading, TellsKindsOfEntitiesApart) {
     AppearanceTable table(source);
-    GltfMaterial a, b, c;
-    table.Register(AppearanceKind::body, u"p\\x", a);
-    table.Register(AppearanceKind::feature, u"p\\x", b);
-    table.Register(AppearanceKind::face, u"p\\x", c);
-    table.Register(AppearanceKind::face, 7, c);
-    table.Register(AppearanceKind::component, 7, a);
-    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), &a);
-    EXPECT_EQ(table.Find(AppearanceKind::feature, u"p\\x"), &b);
-    EXPECT_EQ(table.Find(AppearanceKind::face, u"p\\x"), nullptr);
-    EXPECT_EQ(table.Find(AppearanceKind::document, u"p\\x"), nullptr);
-    EXPECT_EQ(table.Find(AppearanceKind::face, 7), &c);
-    EXPECT_EQ(table.Find(AppearanceKind::component, 7), nullptr);
-    table.Register(AppearanceKind::body, u"p\\x", c);
-    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), &c);
+    GltfMaterial replaced, byText[5], byNumber[5];
+    const auto expectFound = [&](bool isThere) {
+        for (std::int32_t i = 0; i < 5; ++i) {
+            const auto kind = static_cast<AppearanceKind>(i);
+            const bool isFace = kind == AppearanceKind::face;
+            EXPECT_EQ(table.Find(kind, u"7"), isThere && !isFace ? &byText[i] : nullptr) << i;
+            EXPECT_EQ(table.Find(kind, 7), isThere && isFace ? &byNumber[i] : nullptr) << i;
+            EXPECT_EQ(table.Find(kind, u"8"), nullptr) << i;
+        }
+    };
+    for (std::int32_t i = 0; i < 5; ++i) {
+        const auto kind = static_cast<AppearanceKind>(i);
+        table.Register(kind, u"7", replaced);
+        table.Register(kind, 7, replaced);
+        table.Register(kind, u"7", byText[i]);
+        table.Register(kind, 7, byNumber[i]);
+    }
+    expectFound(true);
     table.Clear(false);
-    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), nullptr);
-    EXPECT_EQ(table.Find(AppearanceKind::face, 7), nullptr);
+    expectFound(false);
 }
 
 } // namespace
