@@ -9,14 +9,13 @@
 #include <unordered_map>
 #include <vector>
 
-namespace orvane {
+namespace orvane::animation {
 
 /// Where a node stands in one frame of a study.
 struct XformKey {
     HostRef<HostTransform> global; ///< in the root's space; frames may share one object
     double time = -1;              ///< in the study, seconds; negative: the frame number is the time
     std::int32_t frame = -1;
-    bool synthetic = false; ///< made by no study
 };
 
 struct NodeXformTrack {
@@ -44,4 +43,4 @@ struct AnimationTracks {
     std::vector<KeyedChannel> channels;
 };
 
-} // namespace orvane
+} // namespace orvane::animation

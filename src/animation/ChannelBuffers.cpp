@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-namespace orvane {
+namespace orvane::animation {
 
 namespace {
 
@@ -41,6 +41,18 @@ struct Section {
 
 std::int64_t keyCount(const KeyedChannel& channel) {
     return static_cast<std::int64_t>(channel.keys.size());
+}
+
+/// In the order of the file.
+std::vector<Section> sectionsOf(const std::vector<KeyedChannel>& channels) {
+    std::vector<Section> sections = {{kTimes, std::nullopt}};
+    for (const Section& values :
+         {Section{kTranslations, ChannelPath::translation}, Section{kRotations, ChannelPath::rotation}}) {
+        if (std::ranges::any_of(channels, [&](const auto& channel) { return values.takes(channel); })) {
+            sections.push_back(values);
+        }
+    }
+    return sections;
 }
 
 void addView(GltfDocument& document, std::int32_t buffer, Section& section) {
@@ -116,13 +128,7 @@ bool writeChannels(AnimationTracks& animation, GltfDocument& document, const Cha
     if (std::ranges::all_of(channels, [](const KeyedChannel& channel) { return channel.keys.empty(); })) {
         return false;
     }
-    std::vector<Section> sections = {{kTimes, std::nullopt}};
-    for (const Section& values :
-         {Section{kTranslations, ChannelPath::translation}, Section{kRotations, ChannelPath::rotation}}) {
-        if (std::ranges::any_of(channels, [&](const auto& channel) { return values.takes(channel); })) {
-            sections.push_back(values);
-        }
-    }
+    std::vector<Section> sections = sectionsOf(channels);
     GltfBuffer& buffer = addRecord(document.buffers);
     std::string name = animation.name + ".bin";
     fileSafeName(name);
@@ -152,4 +158,4 @@ bool writeChannels(AnimationTracks& animation, GltfDocument& document, const Cha
     return !target.report.hasFailed();
 }
 
-} // namespace orvane
+} // namespace orvane::animation

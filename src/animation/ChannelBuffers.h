@@ -23,6 +23,10 @@ struct ChannelTarget {
     AnimationFiles& files;
 };
 
+} // namespace orvane
+
+namespace orvane::animation {
+
 /// Turns the keys of an animation into one buffer with its file, up to three buffer views and two accessors
 /// for each channel, whose indices the channels get. The file holds 32-bit floats, little endian, without
 /// gaps: the times of all channels, then x, y, z of the translations, then x, y, z, w of the rotations. It is
@@ -31,4 +35,4 @@ struct ChannelTarget {
 /// cannot be written; without keys nothing is added to the document.
 bool writeChannels(AnimationTracks& animation, GltfDocument& document, const ChannelTarget& target);
 
-} // namespace orvane
+} // namespace orvane::animation

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-namespace orvane {
+namespace orvane::animation {
 
 namespace {
 
@@ -130,7 +130,7 @@ void accumulateSteps(NodeXformTrack& track, const MotionScene& motion, const Hos
         placement = math->createTransform(kIdentityTransform);
     }
     for (XformKey& key : track.keys) {
-        if (key.synthetic || !key.global || !placement) {
+        if (!key.global || !placement) {
             continue;
         }
         if (HostRef<HostTransform> product = placement->multiply(*key.global)) {
@@ -145,11 +145,6 @@ void appendChannel(AnimationTracks& animation, const NodeXformTrack& track, Chan
     if (channel.keys.size() >= 2) {
         animation.channels.push_back(std::move(channel));
     }
-}
-
-void insertAtHead(NodeXformTrack& track, std::int32_t frame, const MotionScene& motion) {
-    track.keys.insert(track.keys.begin(),
-                      {.global = heldTransform(motion, track.node), .frame = frame, .synthetic = true});
 }
 
 } // namespace
@@ -226,28 +221,4 @@ void buildKeys(AnimationTracks& animation, const MotionScene& motion, bool accum
     }
 }
 
-void completeKeys(AnimationTracks& animation, const MotionScene& motion) {
-    struct FirstKey {
-        std::size_t track;
-        std::int32_t frame;
-    };
-    std::vector<FirstKey> allFrames;
-    for (std::size_t i = 0; i < animation.xforms.size(); ++i) {
-        if (!animation.xforms[i].keys.empty()) {
-            allFrames.push_back({i, animation.xforms[i].keys.front().frame});
-        }
-    }
-    std::ranges::stable_sort(allFrames, {}, &FirstKey::frame);
-    for (std::size_t i = 0; i < allFrames.size(); ++i) {
-        if (allFrames[i].frame > 1) {
-            insertAtHead(animation.xforms[allFrames[i].track], i < 1 ? 0 : allFrames[i - 1].frame, motion);
-        }
-    }
-    for (NodeXformTrack& track : animation.xforms) {
-        if (!track.keys.empty() && track.keys.front().frame != 0) {
-            insertAtHead(track, 0, motion);
-        }
-    }
-}
-
-} // namespace orvane
+} // namespace orvane::animation

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace orvane {
+namespace orvane::animation {
 
 /// The placements of one node in the frames of an animation, for those who stand below it. The animation's
 /// tracks and the scene outlive the object.
@@ -35,8 +35,4 @@ private:
 /// node's own placement; they are replaced by their products first.
 void buildKeys(AnimationTracks& animation, const MotionScene& motion, bool accumulate);
 
-/// For placements that are steps: puts keys with the nodes' own placements before the first steps, so that
-/// every track begins at frame 0 and rests until it is its turn.
-void completeKeys(AnimationTracks& animation, const MotionScene& motion);
-
-} // namespace orvane
+} // namespace orvane::animation

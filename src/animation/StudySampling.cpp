@@ -34,7 +34,7 @@ HostRef<HostTransform> placementNow(const SampledComponent& sampled,
     return rootTransform ? rootTransform->multiply(*sampled.answered) : HostRef<HostTransform>();
 }
 
-NodeXformTrack& trackOf(SampledComponent& sampled, AnimationTracks& animation) {
+animation::NodeXformTrack& trackOf(SampledComponent& sampled, animation::AnimationTracks& animation) {
     if (sampled.track < 0) {
         const auto [entry, isNew] = animation.trackByNode.try_emplace(sampled.node, animation.xforms.size());
         if (isNew) {
@@ -47,7 +47,7 @@ NodeXformTrack& trackOf(SampledComponent& sampled, AnimationTracks& animation) {
 
 /// Steps the study's clock through all its frames.
 void captureFrames(HostMotionStudy& study, double duration, double step, const MotionScene& motion,
-                   const HostRef<HostComponent>& root, AnimationTracks& animation) {
+                   const HostRef<HostComponent>& root, animation::AnimationTracks& animation) {
     Progress& progress = motion.document.progress;
     progressAddTotal(progress, static_cast<std::int32_t>(duration / step));
     std::vector<SampledComponent> components;
@@ -104,7 +104,7 @@ void sampleStudy(HostMotionStudy& study, const std::u16string& name, const Motio
         leave.dismiss();
         return;
     }
-    AnimationTracks animation;
+    animation::AnimationTracks animation;
     animation.name = toAsciiName(name);
     initialTime = study.readStudyTime();
     const double step = frameStep(study);
@@ -125,7 +125,7 @@ void sampleStudy(HostMotionStudy& study, const std::u16string& name, const Motio
     }
     GltfAnimation& record = addRecord(motion.document.animations);
     record.name = std::move(animation.name);
-    for (const KeyedChannel& channel : animation.channels) {
+    for (const animation::KeyedChannel& channel : animation.channels) {
         record.channels.push_back(channel.record);
     }
     motion.scene.animations.push_back(record.index);
@@ -149,7 +149,7 @@ void listComponents(const HostRef<HostComponent>& component, std::int32_t parent
 }
 
 void captureFrame(std::int32_t frame, double time, std::vector<SampledComponent>& components,
-                  const HostRef<HostTransform>& rootTransform, AnimationTracks& animation) {
+                  const HostRef<HostTransform>& rootTransform, animation::AnimationTracks& animation) {
     for (SampledComponent& sampled : components) {
         HostRef<HostTransform> answered = sampled.component->getPlacement(kTrue);
         if (!answered) {

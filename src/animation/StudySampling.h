@@ -42,6 +42,6 @@ void listComponents(const HostRef<HostComponent>& component, std::int32_t parent
 /// Records where all components stand at present: one key for each that has a placement. Where the host
 /// answers the same object as in the frame before, the keys share one.
 void captureFrame(std::int32_t frame, double time, std::vector<SampledComponent>& components,
-                  const HostRef<HostTransform>& rootTransform, AnimationTracks& animation);
+                  const HostRef<HostTransform>& rootTransform, animation::AnimationTracks& animation);
 
 } // namespace orvane

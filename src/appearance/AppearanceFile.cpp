@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace orvane {
+namespace orvane::appearance {
 
 namespace {
 
@@ -91,4 +91,4 @@ AppearanceFileContent readAppearanceText(std::string_view text) {
     return content;
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

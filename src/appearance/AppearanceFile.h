@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// The text of a host's appearance file, of which only a few keywords are read.
-namespace orvane {
+namespace orvane::appearance {
 
 /// The word behind the first `keyword`: blanks, tabs and line ends around it are skipped. Empty when the
 /// keyword is not there.
@@ -25,4 +25,4 @@ struct AppearanceFileContent {
 
 AppearanceFileContent readAppearanceText(std::string_view text);
 
-} // namespace orvane
+} // namespace orvane::appearance

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace orvane {
+namespace orvane::appearance {
 
 /// The keys under which an `AppearanceTable` holds bodies and features: the document's title, `\` and the
 /// name. Empty when either is missing. Components go by their full names, documents by their paths.
@@ -19,4 +19,4 @@ inline std::u16string featureKey(HostModelDoc* document, const HostFeature* feat
                                : std::u16string();
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

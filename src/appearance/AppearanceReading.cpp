@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace orvane {
+namespace orvane::appearance {
 
 namespace {
 
@@ -41,18 +41,14 @@ bool isLamp(std::string_view baseName) {
 void readLook(GltfMaterial& material, const AppearanceLook& look, std::string_view baseName) {
     material.a_emission = look.emission > 0 && !isLamp(baseName) ? 0 : look.emission;
     material.primaryColor = look.primaryColor;
-    material.secondaryColor = look.secondaryColor;
-    material.tertiaryColor = look.tertiaryColor;
     material.a_reflectivity = look.reflectivity;
     material.a_specularSpread = look.specularSpread;
-    material.a_specular = look.specular;
-    material.l_specularColor = look.specularColor;
     material.a_transparency = look.transparency;
 }
 
 void readMapping(GltfMaterial& material, const AppearanceMapping& mapping) {
     const auto narrow = [](double value) { return static_cast<float>(value); };
-    material.mappingType = mapping.type;
+    material.mappingType = static_cast<MappingType>(mapping.type);
     material.width = mapping.width;
     material.height = mapping.height;
     material.offsetU = mapping.offsetU;
@@ -127,17 +123,14 @@ void AssignMaterialProperties(GltfMaterial& material, const HostMaterialProperti
     const MaterialPropertyValues values = properties->readValues();
     material.properties = properties->identity();
     material.blurry = values.blurry == kAllBits;
-    material.a_diffuse = values.a_diffuse;
     material.a_emission = values.a_emission;
     material.a_reflectivity = values.a_reflectivity;
-    material.a_specular = values.a_specular;
     material.a_specularSpread = values.a_specularSpread;
     material.a_transparency = values.a_transparency;
     if (isBlack(material.primaryColor) && !isBlack(values.l_primaryColor) &&
         material.textureFileName.empty()) {
         material.primaryColor = values.l_primaryColor;
     }
-    material.l_specularColor = values.l_specularColor;
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

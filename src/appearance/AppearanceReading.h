@@ -16,6 +16,10 @@ struct MaterialSource {
     std::string hostInstallFolder; ///< a narrow path without a separator at its end
 };
 
+} // namespace orvane
+
+namespace orvane::appearance {
+
 /// Makes a material with a name of its own from an appearance: the host's values first, then what the
 /// appearance's file says, then pictures of the library for names that ask for one. A null appearance makes
 /// the mid-grey material of the defaults. The material is not registered. A file that cannot be read counts
@@ -26,4 +30,4 @@ GltfMaterial& readAppearance(const MaterialSource& source, const HostAppearance*
 /// nothing.
 void AssignMaterialProperties(GltfMaterial& material, const HostMaterialProperties* properties);
 
-} // namespace orvane
+} // namespace orvane::appearance

@@ -58,7 +58,7 @@ GltfMaterial& AppearanceTable::FindOrCreate(const HostRef<HostAppearance>& appea
     if (GltfMaterial* known = Find(appearance)) {
         return *known;
     }
-    GltfMaterial& material = readAppearance(source_, appearance.get());
+    GltfMaterial& material = appearance::readAppearance(source_, appearance.get());
     keep(appearance, material);
     return material;
 }

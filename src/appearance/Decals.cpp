@@ -19,6 +19,19 @@ std::vector<HostRef<HostDecal>> decalsOf(const HostComponent& component) {
     return extension && extension->decalCount() > 0 ? extension->decals() : std::vector<HostRef<HostDecal>>();
 }
 
+/// Registers a decal's material, its textures and its mask; gives the decal's index.
+std::int32_t DecalIndexFor(const MaterialSource& source, const HostDecal& decal,
+                           const HostAppearance& appearance) {
+    GltfDocument& document = source.document;
+    GltfMaterial& material = appearance::readAppearance(source, &appearance);
+    GltfDecal& record = addRecord(document.decals);
+    record.material = registerMaterial(document, material);
+    document.decalById.emplace(decal.decalId(), record.index);
+    AllocateMaterialTextures(document, material, source.report);
+    record.maskTexture = colorTextureFor(document, toSystemNarrow(decal.maskFileName()), source.report);
+    return record.index;
+}
+
 void collectDecal(const MaterialSource& source, const HostRef<HostDecal>& decal) {
     const HostRef<HostAppearance> appearance = decal ? decal->appearance() : HostRef<HostAppearance>();
     if (!appearance || appearance->entityCount() <= 0) {
@@ -26,9 +39,8 @@ void collectDecal(const MaterialSource& source, const HostRef<HostDecal>& decal)
     }
     GltfDocument& document = source.document;
     const auto known = document.decalById.find(decal->decalId());
-    const std::int32_t index = known != document.decalById.end()
-                                   ? known->second
-                                   : DecalIndexFor(source, readAppearance(source, appearance.get()), *decal);
+    const std::int32_t index =
+        known != document.decalById.end() ? known->second : DecalIndexFor(source, *decal, *appearance);
     for (const HostRef<HostObject>& entity : appearance->entities()) {
         if (const auto component = inRole<HostComponent>(entity)) {
             document.componentDecals[component->getComponentId()].add(index);
@@ -56,22 +68,6 @@ void CollectDecals(const MaterialSource& source, HostModelDoc& hostDocument,
             }
         }
     }
-}
-
-std::int32_t DecalIndexFor(const MaterialSource& source, GltfMaterial& material, const HostDecal& decal) {
-    GltfDocument& document = source.document;
-    GltfDecal& record = addRecord(document.decals);
-    record.material = registerMaterial(document, material);
-    record.decalId = decal.decalId();
-    record.bmaskInvert = decal.maskInvert() != 0;
-    record.smaskFileName = toSystemNarrow(decal.maskFileName());
-    if (decal.idCount() > 0) {
-        record.ids = decal.ids();
-    }
-    document.decalById.emplace(record.decalId, record.index);
-    AllocateMaterialTextures(document, material, source.report);
-    record.maskTexture = colorTextureFor(document, record.smaskFileName, source.report);
-    return record.index;
 }
 
 } // namespace orvane

@@ -2,10 +2,7 @@
 
 #include "appearance/AppearanceReading.h"
 #include "host/HostComponent.h"
-#include "host/HostDecal.h"
 #include "host/HostModelDoc.h"
-
-#include <cstdint>
 
 namespace orvane {
 
@@ -15,8 +12,5 @@ namespace orvane {
 /// is met again is built once. A part has none.
 void CollectDecals(const MaterialSource& source, HostModelDoc& hostDocument,
                    const HostRef<HostComponent>& extraComponent);
-
-/// Registers a decal's material, its textures and its mask; gives the decal's index.
-std::int32_t DecalIndexFor(const MaterialSource& source, GltfMaterial& material, const HostDecal& decal);
 
 } // namespace orvane

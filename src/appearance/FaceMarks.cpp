@@ -1,6 +1,6 @@
 #include "appearance/FaceMarks.h"
 
-namespace orvane {
+namespace orvane::appearance {
 
 namespace {
 
@@ -30,4 +30,4 @@ void reportLostMark(std::int32_t mark, ExportReport& report) {
     }
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

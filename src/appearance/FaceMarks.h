@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace orvane {
+namespace orvane::appearance {
 
 /// The mark of a face that has none.
 inline constexpr std::int32_t kNoFaceMark = -1;
@@ -19,4 +19,4 @@ std::int32_t faceMark(HostFace& face, bool create);
 /// Tells a person that a face lost its appearance for want of a mark, if `mark` is one that is none.
 void reportLostMark(std::int32_t mark, ExportReport& report);
 
-} // namespace orvane
+} // namespace orvane::appearance

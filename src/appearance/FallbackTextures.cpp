@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <span>
 
-namespace orvane {
+namespace orvane::appearance {
 
 namespace {
 
@@ -74,4 +74,4 @@ std::string fallbackSurfaceFinish(std::string_view materialName, const std::stri
                     hostInstallFolder + "\\data\\Images\\shaders\\surfacefinish\\");
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

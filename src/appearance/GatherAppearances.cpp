@@ -13,13 +13,13 @@ void registerEntity(HostModelDoc& document, const HostRef<HostObject>& entity, G
     if (const auto part = inRole<HostModelDoc>(entity); part && part->partInterface()) {
         table.Register(AppearanceKind::document, part->documentPath(), material);
     } else if (const auto body = inRole<HostBody>(entity)) {
-        table.Register(AppearanceKind::body, bodyKey(&document, body.get()), material);
+        table.Register(AppearanceKind::body, appearance::bodyKey(&document, body.get()), material);
     } else if (const auto feature = inRole<HostFeature>(entity)) {
-        table.Register(AppearanceKind::feature, featureKey(&document, feature.get()), material);
+        table.Register(AppearanceKind::feature, appearance::featureKey(&document, feature.get()), material);
     } else if (const auto face = inRole<HostFace>(entity)) {
-        const std::int32_t mark = faceMark(*face, true);
+        const std::int32_t mark = appearance::faceMark(*face, true);
         table.Register(AppearanceKind::face, mark, material);
-        reportLostMark(mark, table.source().report);
+        appearance::reportLostMark(mark, table.source().report);
     } else if (const auto component = inRole<HostComponent>(entity)) {
         table.Register(AppearanceKind::component, component->componentName(), material);
     }

@@ -17,8 +17,8 @@ std::int32_t MaterialIndexFor(AppearanceTable& table, const HostRef<HostMaterial
             return known->index;
         }
     }
-    GltfMaterial& material = readAppearance(source, appearance.get());
-    AssignMaterialProperties(material, properties.get());
+    GltfMaterial& material = appearance::readAppearance(source, appearance.get());
+    appearance::AssignMaterialProperties(material, properties.get());
     table.keep(appearance, material);
     return registerWithTextures(source.document, material, source.report);
 }

@@ -24,7 +24,8 @@ GltfMaterial* NodeMaterials::featureMaterial(const HostFace& face) const {
     if (!feature) {
         return nullptr;
     }
-    if (GltfMaterial* own = table_.Find(AppearanceKind::feature, featureKey(document_, feature.get()))) {
+    if (GltfMaterial* own =
+            table_.Find(AppearanceKind::feature, appearance::featureKey(document_, feature.get()))) {
         return own;
     }
     const HostRef<HostFeatureDefinition> definition = feature->featureDefinition();
@@ -33,8 +34,8 @@ GltfMaterial* NodeMaterials::featureMaterial(const HostFace& face) const {
     }
     for (const HostRef<HostObject>& seed : definition->definitionSeeds()) {
         if (const auto seedFeature = inRole<HostFeature>(seed)) {
-            if (GltfMaterial* material =
-                    table_.Find(AppearanceKind::feature, featureKey(document_, seedFeature.get()))) {
+            if (GltfMaterial* material = table_.Find(AppearanceKind::feature,
+                                                     appearance::featureKey(document_, seedFeature.get()))) {
                 return material;
             }
         }
@@ -44,9 +45,10 @@ GltfMaterial* NodeMaterials::featureMaterial(const HostFace& face) const {
 
 void NodeMaterials::buildFaceMap(HostBodyEnumerator& bodies) {
     while (const HostRef<HostBody> body = bodies.nextBody()) {
-        GltfMaterial* const bodyMaterial = table_.Find(AppearanceKind::body, bodyKey(document_, body.get()));
+        GltfMaterial* const bodyMaterial =
+            table_.Find(AppearanceKind::body, appearance::bodyKey(document_, body.get()));
         for (const HostRef<HostFace>& face : body->bodyFaces(body->bodyFaceCount())) {
-            const std::int32_t mark = faceMark(*face, false);
+            const std::int32_t mark = appearance::faceMark(*face, false);
             const bool hasMark = mark >= 0;
             GltfMaterial* theMaterial = hasMark ? table_.Find(AppearanceKind::face, mark) : nullptr;
             if (!theMaterial) {
@@ -58,10 +60,10 @@ void NodeMaterials::buildFaceMap(HostBodyEnumerator& bodies) {
             if (theMaterial && hasMark) {
                 faceMap_[mark] = theMaterial;
             } else if (theMaterial) {
-                const std::int32_t newMark = faceMark(*face, true);
+                const std::int32_t newMark = appearance::faceMark(*face, true);
                 faceMap_.emplace(newMark, theMaterial);
                 if (!component_) { // otherwise all faces take that one, marked or not
-                    reportLostMark(newMark, table_.source().report);
+                    appearance::reportLostMark(newMark, table_.source().report);
                 }
             }
         }
@@ -73,7 +75,7 @@ GltfMaterial* NodeMaterials::faceMaterial(HostFace& face) const {
         return component_;
     }
     GltfMaterial* theMaterial = nullptr;
-    if (const std::int32_t mark = faceMark(face, false); mark >= 0) {
+    if (const std::int32_t mark = appearance::faceMark(face, false); mark >= 0) {
         GltfMaterial* const own = table_.Find(AppearanceKind::face, mark);
         const auto mapped = faceMap_.find(mark);
         theMaterial = mapped == faceMap_.end() ? own : mapped->second;

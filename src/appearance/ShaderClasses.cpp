@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-namespace orvane {
+namespace orvane::appearance {
 
 namespace {
 
@@ -382,4 +382,4 @@ ShaderClass ShaderClassOf(std::string_view name) {
     return found == shaderClassTable.end() ? ShaderClass::unknown : found->second;
 }
 
-} // namespace orvane
+} // namespace orvane::appearance

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace orvane {
+namespace orvane::appearance {
 
 /// What a shader of the host's library is made of.
 enum class ShaderClass : std::int32_t {
@@ -25,4 +25,4 @@ enum class ShaderClass : std::int32_t {
 /// other name.
 ShaderClass ShaderClassOf(std::string_view name);
 
-} // namespace orvane
+} // namespace orvane::appearance

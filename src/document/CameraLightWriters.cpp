@@ -6,17 +6,16 @@ namespace orvane {
 
 namespace {
 
-std::string_view lightTypeName(std::int32_t type) {
+std::string_view lightTypeName(LightType type) {
     switch (type) {
-    case 2:
+    case LightType::spot:
         return "spot";
-    case 3:
+    case LightType::point:
         return "point";
-    case 4:
+    case LightType::directional:
         return "directional";
-    default:
-        return "";
     }
+    return "";
 }
 
 } // namespace
@@ -45,7 +44,7 @@ void writeCamera(TextStream& out, const GltfCamera& camera) {
 
 void writeLight(TextStream& out, const GltfLight& light) {
     out << "\t\t\t\t{\n";
-    if (light.type != 4) {
+    if (light.type != LightType::directional) {
         // All three attenuations carry the intensity (docs/output-format.md, "Lights").
         out << "\t\t\t\t\t\"positional\": {\n"
             << "\t\t\t\t\t\t\"constantAttenuation\": " << light.intensity << ",\n"

@@ -73,11 +73,11 @@ struct GltfDecal {
     std::int32_t index = -1;
     std::int32_t material = -1;    ///< index into the materials
     std::int32_t maskTexture = -1; ///< index into the textures
-    std::int32_t decalId = 0;
-    bool bmaskInvert = false;
-    std::string smaskFileName; ///< path of the mask picture
-    std::vector<std::int32_t> ids;
 };
+
+/// What gives a material its texture coordinates, by the host's numbers: the host itself, or a mapping of the
+/// material's own. Any other number has none.
+enum class MappingType : std::int32_t { automatic = 0, projection = 1, sphere = 2, cylinder = 3, box = 4 };
 
 /// One appearance of the host, by the host's values. Colours have red in the low byte, then green, then blue;
 /// the highest byte means nothing.
@@ -94,18 +94,12 @@ struct GltfMaterial {
     std::string textureFileName;     ///< path of the base colour picture
     double a_emission = 0;
     std::uint32_t primaryColor = 0x7F7F7F7F;
-    std::uint32_t secondaryColor = 0;
-    std::uint32_t tertiaryColor = 0;
     double a_reflectivity = 0;
     double a_specularSpread = 0;
-    double a_specular = 0;
-    std::uint32_t l_specularColor = 0;
     double a_transparency = 0; ///< 0 opaque, 1 fully transparent
-    double a_diffuse = 1;
     bool blurry = false;
 
-    /// 0 takes the host's own texture coordinates; 1 projection, 2 sphere, 3 cylinder, 4 box.
-    std::int32_t mappingType = 0;
+    MappingType mappingType = MappingType::automatic;
     double width = 0, height = 0; ///< extent of the picture on the model, metres
     double offsetU = 0, offsetV = 0;
     double rotation = 0;                       ///< degrees
@@ -200,15 +194,16 @@ struct GltfCamera {
     double aspectRatio = 1.440000057220459;
 };
 
+/// By the host's numbers. Any other number has no name in the text.
+enum class LightType : std::int32_t { spot = 2, point = 3, directional = 4 };
+
 struct GltfLight {
     std::int32_t index = -1;
-    std::int32_t type = 0; ///< 2 spot, 3 point, 4 directional
+    LightType type{};
     std::array<double, 3> color{};
     double spotAngle = 0; ///< radians; 0 unless the light is a spot light
     double intensity = 0;
-    std::array<double, 3> attenuation{};
     bool enabled = false;
-    std::string name;
 };
 
 enum class ChannelPath { translation, rotation, scale };

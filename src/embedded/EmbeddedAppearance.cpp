@@ -37,7 +37,7 @@ public:
     }
     AppearanceMapping readMapping() const override {
         const MappingRecord& mapping = record_.mapping;
-        return {.type = mapping.type,
+        return {.type = static_cast<HostMappingType>(mapping.type),
                 .width = mapping.width,
                 .height = mapping.height,
                 .offsetU = mapping.offsetU,

@@ -4,7 +4,7 @@ namespace orvane::embedded {
 
 PackedData packedLight(const LightRecord& light) {
     PackedData packed;
-    packed.type = light.type;
+    packed.type = static_cast<HostLightType>(light.type);
     packed.level = light.level;
     packed.color = light.color;
     packed.position = light.position;

@@ -9,20 +9,20 @@ namespace orvane {
 
 void decomposeAffine(const AffineMatrix& matrix, bool rotationOnly, AffineParts& parts) {
     parts.t = {matrix[0][3], matrix[1][3], matrix[2][3], 0};
-    DoubleMatrix3 block;
+    geometry::DoubleMatrix3 block;
     for (std::size_t i = 0; i < 3; ++i) {
         block[i] = {matrix[i][0], matrix[i][1], matrix[i][2]};
     }
-    PolarFactors factors = polarDecompose(block);
+    geometry::PolarFactors factors = geometry::polarDecompose(block);
     parts.f = factors.determinant < 0 ? -1 : 1;
     if (parts.f < 0) {
-        for (DoubleVector& row : factors.orthogonal) {
+        for (geometry::DoubleVector& row : factors.orthogonal) {
             row = {-row[0], -row[1], -row[2]};
         }
     }
-    parts.q = quaternionOf(factors.orthogonal);
+    parts.q = geometry::quaternionOf(factors.orthogonal);
     if (!rotationOnly) {
-        const StretchParts stretch = decomposeStretch(factors.stretch);
+        const geometry::StretchParts stretch = geometry::decomposeStretch(factors.stretch);
         parts.u = stretch.u;
         parts.k = stretch.k;
     }

@@ -6,6 +6,10 @@
 
 namespace orvane {
 
+/// A 3x3 block that turns column vectors, with the translation beside it, in the fourth column. The fourth
+/// row is 0, 0, 0, 1 and is not looked at.
+using AffineMatrix = std::array<std::array<double, 4>, 4>;
+
 /// An affine matrix as T * F * R * U * K * transpose(U): a point is stretched along U's axes, turned,
 /// mirrored through the origin, and moved. Unlike other splits, none of the parts depends on the axes of the
 /// frame.

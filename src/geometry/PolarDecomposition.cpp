@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <optional>
 
-namespace orvane {
+namespace orvane::geometry {
 
 namespace {
 
@@ -162,4 +162,4 @@ PolarFactors polarDecompose(const DoubleMatrix3& matrix) {
     return {transpose(m), symmetricProduct(m, matrix), determinant};
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -2,7 +2,7 @@
 
 #include "geometry/DoubleMatrix.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// A matrix M as `orthogonal * stretch`.
 struct PolarFactors {
@@ -17,4 +17,4 @@ struct PolarFactors {
 /// 0: it is the identity, and the stretch no more than the symmetric part of the matrix.
 PolarFactors polarDecompose(const DoubleMatrix3& matrix);
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstddef>
 
-namespace orvane {
+namespace orvane::geometry {
 
 // The order of the sums is that of Shoemake's routines (Graphics Gems IV, "Polar Matrix Decomposition").
 
@@ -39,4 +39,4 @@ Quaternion quaternionOf(const DoubleMatrix3& rotation) {
     return {.x = xyz[0], .y = xyz[1], .z = xyz[2], .w = (m[k][j] - m[j][k]) * s};
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -11,6 +11,10 @@ struct Quaternion {
     friend constexpr bool operator==(const Quaternion&, const Quaternion&) = default;
 };
 
+} // namespace orvane
+
+namespace orvane::geometry {
+
 constexpr Quaternion conjugate(const Quaternion& q) {
     return {-q.x, -q.y, -q.z, q.w};
 }
@@ -23,4 +27,4 @@ Quaternion multiply(const Quaternion& a, const Quaternion& b);
 /// some quaternion of another length.
 Quaternion quaternionOf(const DoubleMatrix3& rotation);
 
-} // namespace orvane
+} // namespace orvane::geometry

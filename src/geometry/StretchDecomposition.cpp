@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace orvane {
+namespace orvane::geometry {
 
 namespace {
 
@@ -15,6 +15,17 @@ struct EigenSystem {
     DoubleVector values;
     DoubleMatrix3 vectors; ///< as columns; a rotation
 };
+
+/// The tangent of the angle, 45 degrees at most, by which a step turns. `h` is the difference of the two
+/// diagonal entries.
+double turnTangent(double h, double offDiagonal) {
+    if (std::abs(h) + 100.0 * std::abs(offDiagonal) == std::abs(h)) {
+        return offDiagonal / h;
+    }
+    const double theta = 0.5 * h / offDiagonal;
+    const double t = 1 / (std::abs(theta) + std::sqrt(theta * theta + 1));
+    return theta < 0 ? -t : t;
+}
 
 /// Jacobi's method: each step turns one pair of axes so that the entry between them vanishes.
 EigenSystem eigenSystemOf(const DoubleMatrix3& s) {
@@ -27,19 +38,10 @@ EigenSystem eigenSystemOf(const DoubleMatrix3& s) {
         }
         for (std::size_t i = 3; i-- > 0;) {
             const std::size_t p = (i + 1) % 3, q = (i + 2) % 3;
-            const double size = std::abs(offDiagonal[i]);
-            if (!(size > 0)) {
+            if (!(std::abs(offDiagonal[i]) > 0)) {
                 continue;
             }
-            const double h = diagonal[q] - diagonal[p];
-            double t = 0;
-            if (std::abs(h) + 100.0 * size == std::abs(h)) {
-                t = offDiagonal[i] / h;
-            } else {
-                const double theta = 0.5 * h / offDiagonal[i];
-                t = 1 / (std::abs(theta) + std::sqrt(theta * theta + 1));
-                t = theta < 0 ? -t : t;
-            }
+            const double t = turnTangent(diagonal[q] - diagonal[p], offDiagonal[i]);
             const double cosine = 1 / std::sqrt(t * t + 1), sine = t * cosine;
             const double tau = sine / (cosine + 1);
             const double shift = t * offDiagonal[i];
@@ -102,18 +104,11 @@ Quaternion snuggleAboutAxis(Quaternion q, DoubleVector& k, std::size_t single) {
     return multiply(toZ, conjugate(p));
 }
 
-/// The turn by whole axes that brings `q` closest to no rotation: one of the 24 rotations of the cube, picked
-/// by the largest, the two largest or all components of `q`. Rearranges `k` to go with it.
-Quaternion snuggleByAxes(const Quaternion& q, DoubleVector& k) {
-    std::array<double, 4> size = {q.x, q.y, q.z, q.w};
-    std::array<bool, 4> isNegative{};
-    bool isOdd = false;
-    for (std::size_t i = 0; i < 4; ++i) {
-        isNegative[i] = size[i] < 0;
-        size[i] = isNegative[i] ? -size[i] : size[i];
-        isOdd = isOdd != isNegative[i];
-    }
-    // The positions of the largest and the second largest.
+struct TwoLargest {
+    std::size_t largest, second; ///< positions
+};
+
+TwoLargest twoLargestOf(const std::array<double, 4>& size) {
     std::size_t second = size[0] > size[1] ? 0 : 1;
     std::size_t largest = size[2] > size[3] ? 2 : 3;
     if (size[second] > size[largest]) {
@@ -126,6 +121,21 @@ Quaternion snuggleByAxes(const Quaternion& q, DoubleVector& k) {
     } else if (size[largest ^ 1] > size[second]) {
         second = largest ^ 1;
     }
+    return {largest, second};
+}
+
+/// The turn by whole axes that brings `q` closest to no rotation: one of the 24 rotations of the cube, picked
+/// by the largest, the two largest or all components of `q`. Rearranges `k` to go with it.
+Quaternion snuggleByAxes(const Quaternion& q, DoubleVector& k) {
+    std::array<double, 4> size = {q.x, q.y, q.z, q.w};
+    std::array<bool, 4> isNegative{};
+    bool isOdd = false;
+    for (std::size_t i = 0; i < 4; ++i) {
+        isNegative[i] = size[i] < 0;
+        size[i] = isNegative[i] ? -size[i] : size[i];
+        isOdd = isOdd != isNegative[i];
+    }
+    const auto [largest, second] = twoLargestOf(size);
     const double all = (size[0] + size[1] + size[2] + size[3]) * 0.5;
     const double two = (size[largest] + size[second]) * kSqrtHalf;
     const double one = size[largest];
@@ -174,4 +184,4 @@ StretchParts decomposeStretch(const DoubleMatrix3& stretch) {
     return {turned, {k[0], k[1], k[2], 1}};
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// A symmetric matrix as U * K * transpose(U), with U a rotation and K the diagonal of the factors.
 struct StretchParts {
@@ -18,4 +18,4 @@ struct StretchParts {
 /// spect_decomp and snuggle of Graphics Gems IV.
 StretchParts decomposeStretch(const DoubleMatrix3& stretch);
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -19,7 +19,7 @@ FloatVector vectorAt(std::span<const float> numbers, std::size_t vertex) {
     return {numbers[3 * vertex], numbers[3 * vertex + 1], numbers[3 * vertex + 2]};
 }
 
-void generateTexCoords(const UvGenerator& generator, std::span<const float> positions,
+void generateTexCoords(const geometry::UvGenerator& generator, std::span<const float> positions,
                        std::span<const float> normals, std::span<float> texCoords) {
     for (std::size_t vertex = 0; vertex < texCoords.size() / 2; ++vertex) {
         FloatVector uv;
@@ -47,11 +47,11 @@ void tessellateBodyFaces(std::span<const HostRef<HostFace>> faces, const Tessell
         const std::span<float> texCoords = stream.texCoords.grow(6 * triangles);
         zeroUnless(face->faceTrianglePositions(true, positions), positions);
         zeroUnless(face->faceTriangleNormals(normals), normals);
-        if (!theMaterial || theMaterial->mappingType == 0) {
+        if (!theMaterial || theMaterial->mappingType == MappingType::automatic) {
             zeroUnless(face->faceTriangleTexCoords(texCoords), texCoords);
         } else {
-            generateTexCoords(makeUvGenerator(*theMaterial, input.modelBounds()), positions, normals,
-                              texCoords);
+            generateTexCoords(geometry::makeUvGenerator(*theMaterial, input.modelBounds()), positions,
+                              normals, texCoords);
         }
     }
 }

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvGenBase2::UvGenBase2(const GltfMaterial& material, const ModelBounds& bounds)
     : material_(&material), scale_(bounds.maxExtent), signU_(material.MirrorHorizontal ? -1.0f : 1.0f),
@@ -26,4 +26,4 @@ void UvGenBase2::rotate(FloatVector& out, float cosine, float sine) {
     out.y = u * sine + v * cosine;
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -3,7 +3,7 @@
 #include "geometry/ModelBounds.h"
 #include "geometry/UvPlane.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// Gives the vertices of a face texture coordinates by where they lie. Made once for a face; the material
 /// outlives it.
@@ -36,4 +36,4 @@ protected:
     float signV_; ///< -1 where it is mirrored in its vertical direction
 };
 
-} // namespace orvane
+} // namespace orvane::geometry

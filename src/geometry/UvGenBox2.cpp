@@ -1,6 +1,6 @@
 #include "geometry/UvGenBox2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 namespace {
 
@@ -38,4 +38,4 @@ void UvGenBox2::generate(FloatVector position, FloatVector normal, FloatVector& 
     }
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

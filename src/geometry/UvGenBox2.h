@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// Projects the picture from six sides; the vertex's normal picks one, the first where two face it alike. A
 /// vertex that none faces, because its normal or the axes are zeros, gets (0, 0). Unlike the other generators
@@ -20,4 +20,4 @@ private:
     std::array<UvPlane, 6> planes_;
 };
 
-} // namespace orvane
+} // namespace orvane::geometry

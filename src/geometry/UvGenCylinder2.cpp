@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvGenCylinder2::UvGenCylinder2(const GltfMaterial& material, const ModelBounds& bounds)
     : UvGenBase2(material, bounds), rotated_(isMappingRotated(material)), centre_(mappingCentre(material)),
@@ -31,4 +31,4 @@ void UvGenCylinder2::generate(FloatVector position, FloatVector, FloatVector& ou
     out.z = 0;
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -2,7 +2,7 @@
 
 #include "geometry/UvGenBase2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// Wraps the picture around the mapping's V axis: u is the share of a full turn, v the height in metres,
 /// before scale, offset and then rotation.
@@ -20,4 +20,4 @@ private:
     FloatVector scale2_, offset2_;
 };
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -1,6 +1,6 @@
 #include "geometry/UvGenProjection2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvGenProjection2::UvGenProjection2(const GltfMaterial& material, const ModelBounds& bounds)
     : UvGenBase2(material, bounds),
@@ -11,4 +11,4 @@ void UvGenProjection2::generate(FloatVector position, FloatVector, FloatVector& 
     out.y = 1.0f - out.y;
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -2,7 +2,7 @@
 
 #include "geometry/UvGenBase2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// Projects the picture along the normal of one plane.
 class UvGenProjection2 final : public UvGenBase2 {
@@ -14,4 +14,4 @@ private:
     UvPlane plane_;
 };
 
-} // namespace orvane
+} // namespace orvane::geometry

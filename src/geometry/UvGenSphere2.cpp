@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvGenSphere2::UvGenSphere2(const GltfMaterial& material, const ModelBounds& bounds)
     : UvGenBase2(material, bounds), rotated_(isMappingRotated(material)) {
@@ -36,4 +36,4 @@ void UvGenSphere2::generate(FloatVector position, FloatVector, FloatVector& out)
     out.y = out.y * scaleV_ + offV_;
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -3,7 +3,7 @@
 #include "geometry/FloatMatrix.h"
 #include "geometry/UvGenBase2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// Wraps the picture around a sphere, turned by the mapping's two angles: u is the share of a full turn about
 /// y, v the latitude from 0 at -y to 1 at +y, before rotation and then scale and offset. The cylinder scales
@@ -21,4 +21,4 @@ private:
     FloatMatrix3 turn_;
 };
 
-} // namespace orvane
+} // namespace orvane::geometry

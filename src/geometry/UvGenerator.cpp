@@ -5,21 +5,22 @@
 #include "geometry/UvGenProjection2.h"
 #include "geometry/UvGenSphere2.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvGenerator makeUvGenerator(const GltfMaterial& material, const ModelBounds& bounds) {
     switch (material.mappingType) {
-    case 1:
+    case MappingType::projection:
         return UvGenerator(std::make_unique<UvGenProjection2>(material, bounds));
-    case 2:
+    case MappingType::sphere:
         return UvGenerator(std::make_unique<UvGenSphere2>(material, bounds));
-    case 3:
+    case MappingType::cylinder:
         return UvGenerator(std::make_unique<UvGenCylinder2>(material, bounds));
-    case 4:
+    case MappingType::box:
         return UvGenerator(std::make_unique<UvGenBox2>(material, bounds));
-    default:
-        return UvGenerator(nullptr);
+    case MappingType::automatic:
+        break;
     }
+    return UvGenerator(nullptr);
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -5,14 +5,12 @@
 #include <memory>
 #include <utility>
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// The generator of a material's mapping, or none.
 class UvGenerator {
 public:
     explicit UvGenerator(std::unique_ptr<const UvGenBase2> generator) : generator_(std::move(generator)) {}
-
-    bool hasGenerator() const { return generator_ != nullptr; }
 
     /// As `UvGenBase2::generate`; leaves `out` as it was where there is no generator.
     void generate(FloatVector position, FloatVector normal, FloatVector& out) const {
@@ -25,9 +23,8 @@ private:
     std::unique_ptr<const UvGenBase2> generator_;
 };
 
-/// The generator for a material's mapping type: 1 projection, 2 sphere, 3 cylinder, 4 box, none for any
-/// other. The material outlives the result; of the bounds a copy is taken. Allocates no more than the one
-/// generator.
+/// The generator for a material's mapping, none where it has no mapping of its own. The material outlives the
+/// result; of the bounds a copy is taken. Allocates no more than the one generator.
 UvGenerator makeUvGenerator(const GltfMaterial& material, const ModelBounds& bounds);
 
-} // namespace orvane
+} // namespace orvane::geometry

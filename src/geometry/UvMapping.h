@@ -8,10 +8,9 @@
 ///
 /// All generators keep their numbers as single floats. An expression that has a double in it is evaluated in
 /// double throughout, in the order written, and narrowed once.
-namespace orvane {
+namespace orvane::geometry {
 
-inline constexpr float kDegreesPerRadian = 57.29578f;
-inline constexpr float kRadiansPerDegree = 1.0f / kDegreesPerRadian;
+inline constexpr float kRadiansPerDegree = 1.0f / 57.29578f;
 inline constexpr float kPi = 3.1415927f;
 
 inline FloatVector mappingCentre(const GltfMaterial& material) {
@@ -30,4 +29,4 @@ inline bool isMappingRotated(const GltfMaterial& material) {
     return !isNear(material.rotation, 0);
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

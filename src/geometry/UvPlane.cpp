@@ -2,7 +2,7 @@
 
 #include "geometry/FloatMatrix.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 UvPlane makeUvPlane(const GltfMaterial& material, FloatVector axisU, FloatVector axisV) {
     const FloatVector centre = mappingCentre(material);
@@ -22,4 +22,4 @@ UvPlane makeUvPlane(const GltfMaterial& material, FloatVector axisU, FloatVector
     return plane;
 }
 
-} // namespace orvane
+} // namespace orvane::geometry

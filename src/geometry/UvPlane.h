@@ -2,7 +2,7 @@
 
 #include "geometry/UvMapping.h"
 
-namespace orvane {
+namespace orvane::geometry {
 
 /// A plane that a picture lies in.
 struct UvPlane {
@@ -18,4 +18,4 @@ struct UvPlane {
 /// along the axes as given.
 UvPlane makeUvPlane(const GltfMaterial& material, FloatVector axisU, FloatVector axisV);
 
-} // namespace orvane
+} // namespace orvane::geometry

@@ -23,10 +23,18 @@ struct AppearanceLook {
     double transparency = 0; ///< 0 opaque, 1 fully transparent
 };
 
+/// How texture coordinates come about, by the host's numbers. Hosts answer other numbers too.
+enum class HostMappingType : std::int32_t {
+    automatic = 0, ///< those that the host gives its triangles
+    projection = 1,
+    sphere = 2,
+    cylinder = 3,
+    box = 4
+};
+
 /// How an appearance lies on a model. Lengths are metres, angles degrees.
 struct AppearanceMapping {
-    std::int32_t type =
-        0; ///< 0 the host's own texture coordinates, 1 projection, 2 sphere, 3 cylinder, 4 box
+    HostMappingType type = HostMappingType::automatic;
     double width = 0, height = 0;
     double offsetU = 0, offsetV = 0;
     double rotation = 0;

@@ -6,15 +6,13 @@
 
 namespace orvane {
 
-/// Types of lights by the host's numbers.
-inline constexpr std::int32_t kSpotLight = 2;
-inline constexpr std::int32_t kPointLight = 3;
-inline constexpr std::int32_t kDirectionalLight = 4;
+/// Types of lights by the host's numbers. Hosts answer other numbers too.
+enum class HostLightType : std::int32_t { spot = 2, point = 3, directional = 4 };
 
 /// One light as the host describes it: 19 slots of 8 bytes. The host fills it as raw memory, so the order and
 /// the place of every slot are fixed.
 struct PackedData {
-    alignas(8) std::int32_t type = 0;
+    alignas(8) HostLightType type{};
     double level = 0;
     std::array<double, 3> color{}; ///< red, green, blue
     std::array<double, 3> position{};

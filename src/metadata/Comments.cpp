@@ -2,7 +2,7 @@
 
 #include "document/AsciiNames.h"
 
-namespace orvane {
+namespace orvane::metadata {
 
 namespace {
 
@@ -31,17 +31,6 @@ std::vector<GltfComment> readComments(HostModelDoc& document) {
     return comments;
 }
 
-void collectBelow(GltfDocument& document, std::span<const std::int32_t> nodes,
-                  const NodeDocuments& nodeDocuments, DocumentComments& comments) {
-    for (const std::int32_t id : nodes) {
-        GltfNode& node = *document.nodes[static_cast<std::size_t>(id)];
-        if (const auto found = nodeDocuments.find(id); found != nodeDocuments.end()) {
-            collectNodeComments(node, found->second, comments);
-        }
-        collectBelow(document, node.children, nodeDocuments, comments);
-    }
-}
-
 } // namespace
 
 std::string cleanText(std::string_view stlText) {
@@ -65,17 +54,36 @@ const std::vector<GltfComment>& DocumentComments::of(const HostRef<HostModelDoc>
     return entry->second.comments;
 }
 
+} // namespace orvane::metadata
+
+namespace orvane {
+
+namespace {
+
 void collectNodeComments(GltfNode& node, const HostRef<HostModelDoc>& nodeDocument,
-                         DocumentComments& comments) {
+                         metadata::DocumentComments& comments) {
     if (nodeDocument) {
         const std::vector<GltfComment>& found = comments.of(nodeDocument);
         node.comments.insert(node.comments.end(), found.begin(), found.end());
     }
 }
 
+void collectBelow(GltfDocument& document, std::span<const std::int32_t> nodes,
+                  const NodeDocuments& nodeDocuments, metadata::DocumentComments& comments) {
+    for (const std::int32_t id : nodes) {
+        GltfNode& node = *document.nodes[static_cast<std::size_t>(id)];
+        if (const auto found = nodeDocuments.find(id); found != nodeDocuments.end()) {
+            collectNodeComments(node, found->second, comments);
+        }
+        collectBelow(document, node.children, nodeDocuments, comments);
+    }
+}
+
+} // namespace
+
 void collectSceneComments(GltfDocument& document, std::span<const std::int32_t> nodes,
                           const NodeDocuments& nodeDocuments) {
-    DocumentComments comments;
+    metadata::DocumentComments comments;
     collectBelow(document, nodes, nodeDocuments, comments);
 }
 

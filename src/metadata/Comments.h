@@ -16,6 +16,14 @@ namespace orvane {
 /// reference.
 using NodeDocuments = std::unordered_map<std::int32_t, HostRef<HostModelDoc>>;
 
+/// Appends the comments of the documents that they show to the nodes of a scene and everything below them.
+void collectSceneComments(GltfDocument& document, std::span<const std::int32_t> nodes,
+                          const NodeDocuments& nodeDocuments);
+
+} // namespace orvane
+
+namespace orvane::metadata {
+
 /// A comment's text as it stands in a scene: every line feed becomes a backslash and `n`, carriage returns
 /// go, and everything else stays.
 std::string cleanText(std::string_view stlText);
@@ -36,12 +44,4 @@ private:
     std::unordered_map<const void*, Entry> byIdentity_;
 };
 
-/// Appends the comments of the document that a node shows; an empty reference has none.
-void collectNodeComments(GltfNode& node, const HostRef<HostModelDoc>& nodeDocument,
-                         DocumentComments& comments);
-
-/// Does so for the nodes of a scene and everything below them.
-void collectSceneComments(GltfDocument& document, std::span<const std::int32_t> nodes,
-                          const NodeDocuments& nodeDocuments);
-
-} // namespace orvane
+} // namespace orvane::metadata

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-namespace orvane {
+namespace orvane::metadata {
 
 namespace {
 
@@ -76,12 +76,16 @@ ExportedTable readTable(const HostGeneralTable& table) {
     return rows > 0 ? readContents(table, {rows, columns, columns, 0, 0}) : ExportedTable{};
 }
 
+} // namespace orvane::metadata
+
+namespace orvane {
+
 std::optional<ExportedTable> readDesignTable(HostModelDoc& document) {
     const HostRef<HostDesignTable> table = document.designTable();
     if (!table) {
         return std::nullopt;
     }
-    ExportedTable read = readTable(*table);
+    ExportedTable read = metadata::readTable(*table);
     return read.rows.empty() ? std::nullopt : std::optional(std::move(read));
 }
 
@@ -95,7 +99,7 @@ void readGeneralTables(HostModelDoc& document, std::vector<ExportedTable>& table
             continue;
         }
         if (const auto table = inRole<HostGeneralTable>(annotation->specificAnnotation())) {
-            tables.push_back(readTable(*table));
+            tables.push_back(metadata::readTable(*table));
         }
     }
 }

@@ -8,13 +8,6 @@
 
 namespace orvane {
 
-/// The contents of a design table, which is attached for as long as that takes. A row has one cell more than
-/// there are columns. No rows when the table cannot be attached, or has no rows or no columns.
-ExportedTable readTable(HostDesignTable& table);
-
-/// The contents of a general table; empty when it has no columns or no rows.
-ExportedTable readTable(const HostGeneralTable& table);
-
 /// The design table of a document; nothing when there is none, or when nothing could be read.
 std::optional<ExportedTable> readDesignTable(HostModelDoc& document);
 
@@ -22,3 +15,14 @@ std::optional<ExportedTable> readDesignTable(HostModelDoc& document);
 void readGeneralTables(HostModelDoc& document, std::vector<ExportedTable>& tables);
 
 } // namespace orvane
+
+namespace orvane::metadata {
+
+/// The contents of a design table, which is attached for as long as that takes. A row has one cell more than
+/// there are columns. No rows when the table cannot be attached, or has no rows or no columns.
+ExportedTable readTable(HostDesignTable& table);
+
+/// The contents of a general table; empty when it has no columns or no rows.
+ExportedTable readTable(const HostGeneralTable& table);
+
+} // namespace orvane::metadata

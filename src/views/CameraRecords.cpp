@@ -1,6 +1,6 @@
 #include "views/CameraRecords.h"
 
-namespace orvane {
+namespace orvane::views {
 
 CameraRecords addCameraRecords(GltfDocument& document, const std::string& name,
                                std::vector<std::int32_t>& cameraNodes) {
@@ -12,4 +12,4 @@ CameraRecords addCameraRecords(GltfDocument& document, const std::string& name,
     return {camera, node};
 }
 
-} // namespace orvane
+} // namespace orvane::views

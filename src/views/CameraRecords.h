@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::views {
 
 /// A new camera and the node that carries it.
 struct CameraRecords {
@@ -18,4 +18,4 @@ struct CameraRecords {
 CameraRecords addCameraRecords(GltfDocument& document, const std::string& name,
                                std::vector<std::int32_t>& cameraNodes);
 
-} // namespace orvane
+} // namespace orvane::views

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace orvane {
+namespace orvane::views {
 
 namespace {
 
@@ -55,4 +55,4 @@ void CameraStorage::restore(HostView& view) const {
     view.setActiveCamera(camera_);
 }
 
-} // namespace orvane
+} // namespace orvane::views

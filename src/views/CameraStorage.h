@@ -2,7 +2,7 @@
 
 #include "views/ViewStorageBase.h"
 
-namespace orvane {
+namespace orvane::views {
 
 /// A camera of the host.
 class CameraStorage final : public ViewStorageBase {
@@ -24,4 +24,4 @@ private:
     std::int16_t isPerspective_;
 };
 
-} // namespace orvane
+} // namespace orvane::views

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace orvane {
 
@@ -15,8 +16,17 @@ Numbers3 cross(const Numbers3& a, const Numbers3& b) {
     return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
 }
 
-bool isExported(std::int32_t type) {
-    return type == kSpotLight || type == kPointLight || type == kDirectionalLight;
+/// Nothing for a type that has no counterpart.
+std::optional<LightType> exportedType(HostLightType type) {
+    switch (type) {
+    case HostLightType::spot:
+        return LightType::spot;
+    case HostLightType::point:
+        return LightType::point;
+    case HostLightType::directional:
+        return LightType::directional;
+    }
+    return std::nullopt;
 }
 
 std::string lightName(const HostModelDoc& modelDoc, std::int32_t number) {
@@ -27,7 +37,7 @@ std::string lightName(const HostModelDoc& modelDoc, std::int32_t number) {
 /// Where a spot or directional light shines, of any length, the second number mirrored. A directional light
 /// shines from its position to the origin; one that stands there has no direction.
 Numbers3 lightDirection(const PackedData& props) {
-    if (props.type == kSpotLight) {
+    if (props.type == HostLightType::spot) {
         return {props.direction[0], -props.direction[1], props.direction[2]};
     }
     const auto& [px, py, pz] = props.position;
@@ -46,7 +56,7 @@ Numbers3 lightDirection(const PackedData& props) {
 /// normalised, and vanish along (0, 0, 1).
 NodeMatrix lightMatrix(const PackedData& props) {
     NodeMatrix matrix{};
-    if (props.type != kPointLight) {
+    if (props.type != HostLightType::point) {
         const Numbers3 direction = lightDirection(props);
         const Numbers3 side = cross(direction, {0, 0, 1});
         std::ranges::copy(side, matrix.begin());
@@ -58,14 +68,12 @@ NodeMatrix lightMatrix(const PackedData& props) {
     return matrix;
 }
 
-void fillLight(GltfLight& light, const PackedData& props, std::string name) {
-    light.type = props.type;
+void fillLight(GltfLight& light, LightType type, const PackedData& props) {
+    light.type = type;
     light.color = props.color;
-    light.spotAngle = props.type == kSpotLight ? props.coneAngle * 3.141592653589793 / 180.0 : 0.0;
+    light.spotAngle = type == LightType::spot ? props.coneAngle * 3.141592653589793 / 180.0 : 0.0;
     light.intensity = props.intensity + props.level;
-    light.attenuation = props.attenuation;
     light.enabled = props.status == 0;
-    light.name = std::move(name);
 }
 
 } // namespace
@@ -74,19 +82,19 @@ void exportLights(HostApplication& host, GltfDocument& document, GltfScene& scen
     const HostRef<HostModelDoc> modelDoc = host.activeDocument();
     const std::int32_t numLights = modelDoc ? modelDoc->countLights() : 0;
     for (std::int32_t number = 0; number < numLights; ++number) {
-        std::string name = lightName(*modelDoc, number);
         PackedData props;
         modelDoc->lightProperties(number, props);
-        if (!isExported(props.type)) {
+        const std::optional<LightType> type = exportedType(props.type);
+        if (!type) {
             continue;
         }
         GltfLight& light = addRecord(document.lights);
         GltfNode& node = addRecord(document.nodes);
         node.light = light.index;
-        node.name = "LightNode_" + name;
+        node.name = "LightNode_" + lightName(*modelDoc, number);
         node.matrix = lightMatrix(props);
         scene.nodes.push_back(node.id);
-        fillLight(light, props, std::move(name));
+        fillLight(light, *type, props);
     }
 }
 

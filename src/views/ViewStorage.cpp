@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvane {
+namespace orvane::views {
 
 namespace {
 
@@ -108,4 +108,4 @@ void ViewStorage::restore(HostView& view) const {
     }
 }
 
-} // namespace orvane
+} // namespace orvane::views

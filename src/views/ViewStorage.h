@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace orvane {
+namespace orvane::views {
 
 /// A view through no camera.
 class ViewStorage final : public ViewStorageBase {
@@ -30,4 +30,4 @@ private:
     std::int16_t hadPerspective_;
 };
 
-} // namespace orvane
+} // namespace orvane::views

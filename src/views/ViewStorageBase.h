@@ -16,6 +16,10 @@ struct ViewOwner {
     GltfDocument& document;
 };
 
+} // namespace orvane
+
+namespace orvane::views {
+
 /// Something from which a person can look at the model, with the host's state of the moment at which the
 /// object was made.
 class ViewStorageBase {
@@ -38,4 +42,4 @@ protected:
     std::string name_;
 };
 
-} // namespace orvane
+} // namespace orvane::views

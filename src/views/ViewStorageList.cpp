@@ -15,12 +15,11 @@ HostRef<HostCamera> activeCameraOf(const HostRef<HostView>& view) {
 } // namespace
 
 template <class Storage, class Source>
-const ViewStorageBase* ViewStorageList::store(std::string name, const HostRef<Source>& source,
-                                              std::vector<std::int32_t>& cameraNodes) {
-    ViewStorageBase& storage =
+void ViewStorageList::store(std::string name, const HostRef<Source>& source,
+                            std::vector<std::int32_t>& cameraNodes) {
+    views::ViewStorageBase& storage =
         *storages_.emplace_back(std::make_unique<Storage>(owner_, std::move(name), source));
     storage.createCameraNode(cameraNodes);
-    return &storage;
 }
 
 /// The host keeps its cameras in a folder of the tree, one level below the top.
@@ -28,7 +27,7 @@ void ViewStorageList::storeTreeCameras(HostModelDoc& document, std::vector<std::
     for (HostRef<HostFeature> top = document.firstFeature(); top; top = top->nextFeature()) {
         for (HostRef<HostFeature> sub = top->firstSubFeature(); sub; sub = sub->nextSubFeature()) {
             if (const auto camera = inRole<HostCamera>(sub->specificFeature())) {
-                store<CameraStorage>(toAsciiName(sub->featureName()), camera, cameraNodes);
+                store<views::CameraStorage>(toAsciiName(sub->featureName()), camera, cameraNodes);
             }
         }
     }
@@ -36,28 +35,23 @@ void ViewStorageList::storeTreeCameras(HostModelDoc& document, std::vector<std::
 
 ViewStorageList::ViewStorageList(const ViewOwner& owner, HostModelDoc& document, bool exportCameras,
                                  bool exportViews, std::vector<std::int32_t>& cameraNodes)
-    : owner_(owner), activeView_(document.activeView()) {
-    const HostRef<HostCamera> activeCamera = activeCameraOf(activeView_);
-    if (activeView_ && !activeCamera && exportViews) {
-        current_ = store<ViewStorage>("current", activeView_, cameraNodes);
+    : owner_(owner) {
+    const HostRef<HostView> current = document.activeView();
+    const HostRef<HostCamera> activeCamera = activeCameraOf(current);
+    if (current && !activeCamera && exportViews) {
+        store<views::ViewStorage>("current", current, cameraNodes);
     } else if (activeCamera && exportCameras) {
-        current_ = store<CameraStorage>("current", activeCamera, cameraNodes);
+        store<views::CameraStorage>("current", activeCamera, cameraNodes);
     }
     if (exportCameras) {
         storeTreeCameras(document, cameraNodes);
     }
     for (const std::u16string& name : document.listNamedViews(document.countNamedViews())) {
         document.showNamedView(name);
-        activeView_ = document.activeView();
-        if (activeView_ && !activeCameraOf(activeView_) && exportViews) {
-            store<ViewStorage>(toAsciiName(name), activeView_, cameraNodes);
+        const HostRef<HostView> view = document.activeView();
+        if (view && !activeCameraOf(view) && exportViews) {
+            store<views::ViewStorage>(toAsciiName(name), view, cameraNodes);
         }
-    }
-}
-
-ViewStorageList::~ViewStorageList() {
-    if (current_ && restoreOnClose && activeView_) {
-        current_->restore(*activeView_);
     }
 }
 

@@ -18,24 +18,17 @@ public:
                     std::vector<std::int32_t>& cameraNodes);
     ViewStorageList(const ViewStorageList&) = delete;
     ViewStorageList& operator=(const ViewStorageList&) = delete;
-    ~ViewStorageList();
 
     auto begin() const { return storages_.begin(); }
     auto end() const { return storages_.end(); }
 
-    /// Whether the view that was on the screen at first comes back there when the list goes. Off in exports.
-    bool restoreOnClose = false;
-
 private:
     template <class Storage, class Source>
-    const ViewStorageBase* store(std::string name, const HostRef<Source>& source,
-                                 std::vector<std::int32_t>& cameraNodes);
+    void store(std::string name, const HostRef<Source>& source, std::vector<std::int32_t>& cameraNodes);
     void storeTreeCameras(HostModelDoc& document, std::vector<std::int32_t>& cameraNodes);
 
     ViewOwner owner_;
-    HostRef<HostView> activeView_;
-    const ViewStorageBase* current_ = nullptr; ///< the view on the screen at first, if it is in the list
-    std::vector<std::unique_ptr<ViewStorageBase>> storages_;
+    std::vector<std::unique_ptr<views::ViewStorageBase>> storages_;
 };
 
 } // namespace orvane

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::animation {
 namespace {
 
 using testing::ElementsAre;
@@ -121,4 +121,4 @@ TEST_F(ChannelBuffers, GetsAShortNameWhereTheSystemTakesNone) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::animation

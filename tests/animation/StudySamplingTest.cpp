@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::animation {
 namespace {
 
 using testing::ElementsAre;
@@ -182,4 +182,4 @@ TEST_F(StudySampling, FindsTheFirstNodeDepthFirstAndNoCameras) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::animation

@@ -8,7 +8,7 @@
 
 #include <gmock/gmock.h>
 
-namespace orvane {
+namespace orvane::appearance {
 namespace {
 
 using testing::ElementsAre;
@@ -52,7 +52,6 @@ TEST_F(AppearanceReading, MakesAMidGreyMaterialFromNothing) {
     const GltfMaterial& material = readAppearance(source, nullptr);
     EXPECT_EQ(material.primaryColor, 0x7F7F7F7Fu);
     EXPECT_EQ(material.mname, "");
-    EXPECT_EQ(material.a_diffuse, 1);
     EXPECT_EQ(material.index, -1);
 }
 
@@ -111,9 +110,10 @@ TEST_F(AppearanceReading, LooksForPicturesOfTheLibrary) {
 
 TEST_F(AppearanceReading, NarrowsTheMapping) {
     AppearanceRecord record;
-    record.mapping = {.type = 3, .width = 0.1, .center = {0.1, 0, 2}, .mirrorHorizontal = true};
+    record.mapping = {
+        .type = MappingKind::cylinder, .width = 0.1, .center = {0.1, 0, 2}, .mirrorHorizontal = true};
     const GltfMaterial& material = read(record);
-    EXPECT_EQ(material.mappingType, 3);
+    EXPECT_EQ(material.mappingType, MappingType::cylinder);
     EXPECT_EQ(material.width, 0.1);
     EXPECT_EQ(material.cx, 0.1f);
     EXPECT_EQ(material.cz, 2.0f);
@@ -124,9 +124,8 @@ TEST_F(AppearanceReading, NarrowsTheMapping) {
 TEST_F(AppearanceReading, PutsMaterialPropertiesOverTheAppearance) {
     GltfMaterial material;
     material.primaryColor = 0xAA000000;
-    material.l_specularColor = 7;
     AssignMaterialProperties(material, nullptr);
-    EXPECT_EQ(material.l_specularColor, 7u);
+    EXPECT_EQ(material.primaryColor, 0xAA000000u);
     const auto assign = [&](const MaterialPropertyValues& values) {
         AssignMaterialProperties(material, makeHostObject<GivenProperties>(values).get());
     };
@@ -134,8 +133,7 @@ TEST_F(AppearanceReading, PutsMaterialPropertiesOverTheAppearance) {
     EXPECT_FALSE(material.blurry) << "only all bits count";
     EXPECT_EQ(material.primaryColor, 0x112233u);
     EXPECT_EQ(material.a_emission, 3);
-    EXPECT_EQ(material.a_diffuse, 0);
-    EXPECT_EQ(material.l_specularColor, 0u);
+    EXPECT_EQ(material.a_specularSpread, 0.25);
     assign({.blurry = -1, .l_primaryColor = 0x445566});
     EXPECT_TRUE(material.blurry);
     EXPECT_EQ(material.primaryColor, 0x112233u) << "only black is replaced";
@@ -167,24 +165,27 @@ TEST_F(AppearanceReading, FindsTheIndexOfAPairOrMakesOne) {
 
 TEST_F(AppearanceReading, TellsKindsOfEntitiesApart) {
     AppearanceTable table(source);
-    GltfMaterial a, b, c;
-    table.Register(AppearanceKind::body, u"p\\x", a);
-    table.Register(AppearanceKind::feature, u"p\\x", b);
-    table.Register(AppearanceKind::face, u"p\\x", c);
-    table.Register(AppearanceKind::face, 7, c);
-    table.Register(AppearanceKind::component, 7, a);
-    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), &a);
-    EXPECT_EQ(table.Find(AppearanceKind::feature, u"p\\x"), &b);
-    EXPECT_EQ(table.Find(AppearanceKind::face, u"p\\x"), nullptr);
-    EXPECT_EQ(table.Find(AppearanceKind::document, u"p\\x"), nullptr);
-    EXPECT_EQ(table.Find(AppearanceKind::face, 7), &c);
-    EXPECT_EQ(table.Find(AppearanceKind::component, 7), nullptr);
-    table.Register(AppearanceKind::body, u"p\\x", c);
-    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), &c);
+    GltfMaterial replaced, byText[5], byNumber[5];
+    const auto expectFound = [&](bool isThere) {
+        for (std::int32_t i = 0; i < 5; ++i) {
+            const auto kind = static_cast<AppearanceKind>(i);
+            const bool isFace = kind == AppearanceKind::face;
+            EXPECT_EQ(table.Find(kind, u"7"), isThere && !isFace ? &byText[i] : nullptr) << i;
+            EXPECT_EQ(table.Find(kind, 7), isThere && isFace ? &byNumber[i] : nullptr) << i;
+            EXPECT_EQ(table.Find(kind, u"8"), nullptr) << i;
+        }
+    };
+    for (std::int32_t i = 0; i < 5; ++i) {
+        const auto kind = static_cast<AppearanceKind>(i);
+        table.Register(kind, u"7", replaced);
+        table.Register(kind, 7, replaced);
+        table.Register(kind, u"7", byText[i]);
+        table.Register(kind, 7, byNumber[i]);
+    }
+    expectFound(true);
     table.Clear(false);
-    EXPECT_EQ(table.Find(AppearanceKind::body, u"p\\x"), nullptr);
-    EXPECT_EQ(table.Find(AppearanceKind::face, 7), nullptr);
+    expectFound(false);
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::appearance

@@ -17,12 +17,16 @@ struct Decals : testing::Test {
         }
     }
 
-    DecalRecord decal(std::int32_t id, const std::string& picture, const std::string& mask = {}) {
+    /// Applied to `entities`, or to the component that lists it.
+    DecalRecord decal(std::int32_t id, const std::string& picture, const std::string& mask = {},
+                      std::vector<EntityRecord> entities = {}) {
         DecalRecord made;
         made.id = id;
         made.appearance.emplace();
         made.appearance->texture = folder / picture;
         made.appearance->file = "/" + std::to_string(id) + ".tfm";
+        made.appearance->hasAppliedTo = !entities.empty();
+        made.appearance->appliedTo = std::move(entities);
         made.maskFile = mask.empty() ? "" : folder / mask;
         return made;
     }
@@ -63,17 +67,10 @@ TEST_F(Decals, BringTheirMaterialsAndPicturesAheadOfTheModels) {
 TEST_F(Decals, ComeFromADocumentWhereItsComponentHasNone) {
     ModelDocument& top = builder.assembly(u"top.tfgasm");
     ModelDocument& part = builder.part(u"p.tfgprt");
-    DecalRecord onPart = decal(1, "a.png");
-    onPart.appearance->hasAppliedTo = true;
-    onPart.appearance->appliedTo = {onBody(0)};
-    DecalRecord onNothing = decal(2, "b.png");
     DecalRecord withoutAppearance = decal(4, "b.png");
     withoutAppearance.appearance.reset();
-    part.decals = {onPart, onNothing, withoutAppearance};
-    DecalRecord onRoot = decal(3, "b.png");
-    onRoot.appearance->hasAppliedTo = true;
-    onRoot.appearance->appliedTo = {onComponent(u"a")};
-    top.decals = {onRoot};
+    part.decals = {decal(1, "a.png", "", {onBody(0)}), decal(2, "b.png"), withoutAppearance};
+    top.decals = {decal(3, "b.png", "", {onComponent(u"a")})};
     top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
     top.components[1].decals = {decal(4, "a.png")};
     const nlohmann::json gltf = exported();
@@ -82,9 +79,7 @@ TEST_F(Decals, ComeFromADocumentWhereItsComponentHasNone) {
 
 TEST_F(Decals, OfAPartAloneLeaveNoTrace) {
     ModelDocument& part = builder.part(u"p.tfgprt");
-    part.decals = {decal(1, "a.png")};
-    part.decals[0].appearance->hasAppliedTo = true;
-    part.decals[0].appearance->appliedTo = {onBody(0)};
+    part.decals = {decal(1, "a.png", "", {onBody(0)})};
     EXPECT_THAT(materialNames(exported()), ElementsAre("-"));
 }
 
@@ -93,10 +88,8 @@ TEST_F(Decals, AreNotedForTheComponentsThatTheyTouch) {
     ModelDocument& part = builder.part(u"p.tfgprt");
     top.components = {ModelBuilder::component(u"a", &part), ModelBuilder::component(u"b", &part)};
     top.components[1].id = 40;
-    top.components[0].decals = {decal(7, "a.png"), decal(8, "b.png")};
-    top.components[0].decals[1].appearance->hasAppliedTo = true;
-    top.components[0].decals[1].appearance->appliedTo = {onComponent(u"b"), onComponent(u"a"),
-                                                         onComponent(u"b")};
+    top.components[0].decals = {
+        decal(7, "a.png"), decal(8, "b.png", "", {onComponent(u"b"), onComponent(u"a"), onComponent(u"b")})};
     top.components[1].decals = {decal(7, "b.png")};
     const HostRef<HostApplication> host = openEmbeddedHost(builder.take());
     GltfDocument document;
@@ -108,8 +101,9 @@ TEST_F(Decals, AreNotedForTheComponentsThatTheyTouch) {
     };
     EXPECT_THAT(decalsOf(1), ElementsAre(0, 1));
     EXPECT_THAT(decalsOf(40), ElementsAre(1, 0));
-    EXPECT_EQ(document.decals[0]->decalId, 7);
-    EXPECT_EQ(document.decals.size(), 2u);
+    ASSERT_EQ(document.decals.size(), 2u);
+    EXPECT_EQ(document.decals[1]->material, 1);
+    EXPECT_EQ(document.decals[1]->maskTexture, -1);
 }
 
 } // namespace

@@ -166,19 +166,20 @@ public:
 
 TEST(FaceMarks, CountUpAndAreNoneBeyondTheirLimit) {
     const auto face = makeHostObject<MarkedFace>(0x7531);
-    EXPECT_EQ(faceMark(*face, false), kNoFaceMark);
+    EXPECT_EQ(appearance::faceMark(*face, false), appearance::kNoFaceMark);
     EXPECT_EQ(face->value, 0x7531);
-    const std::int32_t first = faceMark(*face, true);
+    const std::int32_t first = appearance::faceMark(*face, true);
     EXPECT_EQ(face->value, first);
-    EXPECT_EQ(faceMark(*face, true), first);
-    EXPECT_EQ(faceMark(*makeHostObject<MarkedFace>(0xFACF), false), 0xFACF) << "the pattern is covered";
+    EXPECT_EQ(appearance::faceMark(*face, true), first);
+    EXPECT_EQ(appearance::faceMark(*makeHostObject<MarkedFace>(0xFACF), false), 0xFACF)
+        << "the pattern is covered";
 
     // Once around, so that tests behind this one find marks again.
     int negative = 0;
     std::uint32_t last = static_cast<std::uint32_t>(first);
     for (int i = 1; i < 0x10000; ++i) {
         face->value = 0;
-        const std::int32_t mark = faceMark(*face, true);
+        const std::int32_t mark = appearance::faceMark(*face, true);
         ASSERT_EQ(static_cast<std::uint32_t>(mark), last + 0x10000u);
         last = static_cast<std::uint32_t>(mark);
         negative += mark < 0;

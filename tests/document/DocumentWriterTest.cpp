@@ -73,7 +73,7 @@ TEST(DocumentWriter, WritesScenesWithAndWithoutExtensions) {
 
 TEST(DocumentWriter, SetsTheCommaBehindTheLightsByTheGeneralTablesAlone) {
     GltfDocument document;
-    addRecord(document.lights).type = 4;
+    addRecord(document.lights).type = LightType::directional;
     const std::string endOfLights = "\t\t\t\t}\n\t\t\t]\n";
     EXPECT_NE(documentText(document).find(endOfLights + "\t\t}\n\t},\n"), std::string::npos);
     document.designTable = ExportedTable{"D", {}, {{"x"}}};

@@ -151,7 +151,7 @@ TEST(MaterialWriter, TakesMetalFromTheClassOfTheShader) {
 }
 
 TEST(LightWriter, TakesAnUnknownTypeForAPositionalOne) {
-    EXPECT_THAT(flatTextOf([](TextStream& out) { writeLight(out, {.index = 0, .type = 9}); }),
+    EXPECT_THAT(flatTextOf([](TextStream& out) { writeLight(out, {.index = 0, .type = LightType{9}}); }),
                 AllOf(HasSubstr("positional"), HasSubstr(R"("type" : "")")));
 }
 

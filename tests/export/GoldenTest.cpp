@@ -63,15 +63,14 @@ void expectSame(const std::string& actual, const std::string& expected) {
     ADD_FAILURE() << "line " << here - now.begin() + 1 << " is another one:\n" << out.str();
 }
 
-/// The model in a session of its own: an export leaves its last view on the screen. All that can be asked for
-/// is switched on.
+/// The model in a session of its own, with all that can be asked for switched on.
 struct RackRun : ExportRun {
     RackRun() : ExportRun(readModel(kFolder + "rack.tfgasm")) {
-        run.exporter.setOptions({.exportViews = kSwitchOn,
-                                 .exportCameras = kSwitchOn,
-                                 .exportLights = kSwitchOn,
-                                 .exportAnimations = kSwitchOn,
-                                 .exportExplodedViews = kSwitchOn});
+        exporter.setOptions({.exportViews = kSwitchOn,
+                             .exportCameras = kSwitchOn,
+                             .exportLights = kSwitchOn,
+                             .exportAnimations = kSwitchOn,
+                             .exportExplodedViews = kSwitchOn});
     }
 };
 

@@ -20,8 +20,12 @@ void exportAll(ExportRun& run) {
 ModelDocument& scenery(ModelDocument& document) {
     document.namedViews = {{.name = u"Front", .mode = 4}};
     document.lights = {
-        {.name = u"Lamp", .type = 3, .color = {1, 0.5, 0}, .position = {1, 2, 3}, .intensity = 2},
-        {.name = u"Sun", .type = 4, .position = {1, 0, 0}, .intensity = 1}};
+        {.name = u"Lamp",
+         .type = LightKind::point,
+         .color = {1, 0.5, 0},
+         .position = {1, 2, 3},
+         .intensity = 2},
+        {.name = u"Sun", .type = LightKind::directional, .position = {1, 0, 0}, .intensity = 1}};
     document.configurations = {ModelBuilder::configuration(u"C", {u"A", u"B"})};
     return document;
 }

@@ -6,10 +6,10 @@
 
 #include <cmath>
 
-namespace orvane {
+namespace orvane::geometry {
 namespace {
 
-enum MappingType { kProjection = 1, kSphere, kCylinder, kBox };
+using enum MappingType;
 
 /// A picture of 2 by 4 metres, its U along x and its V along y, mapped onto a model of 6 metres.
 struct UvGeneratorTest : testing::Test {
@@ -38,29 +38,28 @@ struct UvGeneratorTest : testing::Test {
 };
 
 TEST_F(UvGeneratorTest, KnowsFourMappings) {
-    for (const std::int32_t type : {-1, 0, 5}) {
+    for (const MappingType type : {MappingType{-1}, automatic, MappingType{5}}) {
         material.mappingType = type;
         const UvGenerator none = makeUvGenerator(material, bounds);
         FloatVector uv = {1, 2, 3};
         none.generate({4, 5, 6}, {0, 0, 1}, uv);
-        EXPECT_FALSE(none.hasGenerator());
         EXPECT_EQ(uv, (FloatVector{1, 2, 3}));
     }
 }
 
 TEST_F(UvGeneratorTest, ProjectsAlongThePlane) {
-    expectUv(kProjection, {1, 0, 9}, 0.5f, 1);
+    expectUv(projection, {1, 0, 9}, 0.5f, 1);
     material.cx = 10;
     material.cy = 20;
     material.offsetU = 3;
     material.offsetV = -2;
-    expectUv(kProjection, {11, 25, 9}, 2, 0.25f);
+    expectUv(projection, {11, 25, 9}, 2, 0.25f);
     mirror(true, false);
-    expectUv(kProjection, {11, 25, 9}, -2, 0.25f);
+    expectUv(projection, {11, 25, 9}, -2, 0.25f);
     mirror(true, true);
-    expectUv(kProjection, {11, 25, 9}, -2, 1.75f);
+    expectUv(projection, {11, 25, 9}, -2, 1.75f);
     material.width = 0;
-    material.mappingType = kProjection;
+    material.mappingType = projection;
     FloatVector uv;
     makeUvGenerator(material, bounds).generate({11, 0, 0}, {}, uv);
     EXPECT_EQ(uv.x, -INFINITY);
@@ -69,7 +68,7 @@ TEST_F(UvGeneratorTest, ProjectsAlongThePlane) {
 TEST_F(UvGeneratorTest, TurnsThePlanesAxesAsPoints) {
     material.rotation = 90;
     material.offsetU = 5;
-    expectUv(kProjection, {0, 1, 0}, 0.5f, 1 - -5 / 4.0f);
+    expectUv(projection, {0, 1, 0}, 0.5f, 1 - -5 / 4.0f);
     material.cx = 10;
     const UvPlane plane = makeUvPlane(material, {1, 0, 0}, {0, 1, 0});
     // (1, 0) and (0, 1) about (10, 0) are (10, -9) and (9, -10).
@@ -85,85 +84,85 @@ TEST_F(UvGeneratorTest, TurnsThePlanesAxesAsPoints) {
 TEST_F(UvGeneratorTest, TakesATinyRotationForNone) {
     material.uDirx = 3;
     material.rotation = -0.0001;
-    expectUv(kProjection, {1, 0, 0}, 1.5f, 1);
+    expectUv(projection, {1, 0, 0}, 1.5f, 1);
     material.rotation = -0.00011;
-    expectUv(kProjection, {1, 0, 0}, 0.5f, 1); // the axis is a unit vector now
+    expectUv(projection, {1, 0, 0}, 0.5f, 1); // the axis is a unit vector now
 }
 
 TEST_F(UvGeneratorTest, PicksTheBoxSideThatFacesTheNormal) {
     material.width = material.height = 1;
     const FloatVector p = {1, 2, 3};
-    expectUv(kBox, p, 1, 2, {0, 0, -1});
-    expectUv(kBox, p, 1, -3, {0, -1, 0});
-    expectUv(kBox, p, 2, -3, {1, 0, 0});
-    expectUv(kBox, p, -1, -3, {0, 1, 0});
-    expectUv(kBox, p, -2, -3, {-1, 0, 0});
-    expectUv(kBox, p, 1, -2, {0, 0, 1});
-    expectUv(kBox, p, 1, -3, {0.6f, -0.8f, 0});
+    expectUv(box, p, 1, 2, {0, 0, -1});
+    expectUv(box, p, 1, -3, {0, -1, 0});
+    expectUv(box, p, 2, -3, {1, 0, 0});
+    expectUv(box, p, -1, -3, {0, 1, 0});
+    expectUv(box, p, -2, -3, {-1, 0, 0});
+    expectUv(box, p, 1, -2, {0, 0, 1});
+    expectUv(box, p, 1, -3, {0.6f, -0.8f, 0});
     // Of two that face it alike the earlier one stays.
-    expectUv(kBox, p, 2, -3, {1, 1, 1});
-    expectUv(kBox, p, 1, 2, {-1, -1, -1});
-    expectUv(kBox, p, 1, -3, {-1, -1, 0});
+    expectUv(box, p, 2, -3, {1, 1, 1});
+    expectUv(box, p, 1, 2, {-1, -1, -1});
+    expectUv(box, p, 1, -3, {-1, -1, 0});
     mirror(true, true);
-    expectUv(kBox, p, -1, -2, {0, 0, -1});
+    expectUv(box, p, -1, -2, {0, 0, -1});
 }
 
 TEST_F(UvGeneratorTest, GivesZerosWhereNoBoxSideFacesTheNormal) {
     constexpr float kSmallestNormal = 1.17549435e-38f;
-    expectUv(kBox, {1, 2, 3}, 0, 0, {0, 0, 0});
-    expectUv(kBox, {1, 2, 3}, 0, 0, {0, 0, -kSmallestNormal});
-    expectUv(kBox, {1, 2, 3}, 0.5f, 0.5f, {0, 0, -1.1754945e-38f});
-    expectUv(kBox, {1, 2, 3}, 0, 0, {NAN, 0, 0});
+    expectUv(box, {1, 2, 3}, 0, 0, {0, 0, 0});
+    expectUv(box, {1, 2, 3}, 0, 0, {0, 0, -kSmallestNormal});
+    expectUv(box, {1, 2, 3}, 0.5f, 0.5f, {0, 0, -1.1754945e-38f});
+    expectUv(box, {1, 2, 3}, 0, 0, {NAN, 0, 0});
 }
 
 TEST_F(UvGeneratorTest, WrapsTheCylinderAroundTheVAxis) {
     material.cx = 10;
     // Only u takes the model's extent, 3 pictures here.
-    expectUv(kCylinder, {8, 0, 0}, 0.5f * 3, 1);
-    expectUv(kCylinder, {10, 2, 2}, 0.75f * 3, 0.5f);
-    expectUv(kCylinder, {10, -2, -2}, 0.25f * 3, 1.5f);
-    expectUv(kCylinder, {12, 0, 0}, 3, 1);
+    expectUv(cylinder, {8, 0, 0}, 0.5f * 3, 1);
+    expectUv(cylinder, {10, 2, 2}, 0.75f * 3, 0.5f);
+    expectUv(cylinder, {10, -2, -2}, 0.25f * 3, 1.5f);
+    expectUv(cylinder, {12, 0, 0}, 3, 1);
     material.offsetU = 1;
     material.offsetV = 3;
-    expectUv(kCylinder, {10, 2, 2}, 0.75f * 3 + 0.5f, 1 - 0.5f - 0.75f);
+    expectUv(cylinder, {10, 2, 2}, 0.75f * 3 + 0.5f, 1 - 0.5f - 0.75f);
     mirror(true, true);
-    expectUv(kCylinder, {10, 2, 2}, -(0.75f * 3 + 0.5f), 1 + 0.5f + 0.75f);
+    expectUv(cylinder, {10, 2, 2}, -(0.75f * 3 + 0.5f), 1 + 0.5f + 0.75f);
 }
 
 TEST_F(UvGeneratorTest, GivesPointsOnTheAxisAnAngle) {
     for (const float zero : {0.0f, -0.0f}) {
-        expectUv(kCylinder, {zero, 2, -zero}, 1.5f, 0.5f);
-        expectUv(kCylinder, {zero, -2, zero}, 1.5f, 1.5f);
+        expectUv(cylinder, {zero, 2, -zero}, 1.5f, 0.5f);
+        expectUv(cylinder, {zero, -2, zero}, 1.5f, 1.5f);
     }
     // At the poles of a sphere the angle is the one of (0, -0), half a turn.
-    expectUv(kSphere, {0, 2, 0}, 3, 1.5f);
-    expectUv(kSphere, {0, -2, 0}, 3, 0);
+    expectUv(sphere, {0, 2, 0}, 3, 1.5f);
+    expectUv(sphere, {0, -2, 0}, 3, 0);
 }
 
 TEST_F(UvGeneratorTest, RotatesTheCylinderAfterItsScale) {
     material.rotation = 90;
     // (2.25, 0.5) before the rotation by -90 degrees.
-    expectUv(kCylinder, {0, 2, 2}, 0.5f, 1 + 2.25f);
+    expectUv(cylinder, {0, 2, 2}, 0.5f, 1 + 2.25f);
     mirror(true, false);
-    expectUv(kCylinder, {0, 2, 2}, -0.5f, 1 + 2.25f);
+    expectUv(cylinder, {0, 2, 2}, -0.5f, 1 + 2.25f);
     mirror(false, true);
-    expectUv(kCylinder, {0, 2, 2}, 0.5f, 1 - 2.25f);
+    expectUv(cylinder, {0, 2, 2}, 0.5f, 1 - 2.25f);
     mirror(true, true);
-    expectUv(kCylinder, {0, 2, 2}, -0.5f, 1 - 2.25f);
+    expectUv(cylinder, {0, 2, 2}, -0.5f, 1 - 2.25f);
 }
 
 TEST_F(UvGeneratorTest, RotatesTheSphereBeforeItsScale) {
     material.offsetU = 1;
     material.offsetV = 2;
-    expectUv(kSphere, {5, 0, 0}, 0.75f * 3 + 0.5f, 0.5f * 1.5f + 0.5f);
-    expectUv(kSphere, {0, 0, -5}, 0.5f * 3 + 0.5f, 0.5f * 1.5f + 0.5f);
+    expectUv(sphere, {5, 0, 0}, 0.75f * 3 + 0.5f, 0.5f * 1.5f + 0.5f);
+    expectUv(sphere, {0, 0, -5}, 0.5f * 3 + 0.5f, 0.5f * 1.5f + 0.5f);
     // (0.75, 0.5) becomes (-0.5, 0.75), and the offset (1, 2) becomes (-2, 1).
     material.rotation = 90;
-    expectUv(kSphere, {5, 0, 0}, -0.5f * 3 - 2 / 2.0f, 0.75f * 1.5f + 1 / 4.0f);
+    expectUv(sphere, {5, 0, 0}, -0.5f * 3 - 2 / 2.0f, 0.75f * 1.5f + 1 / 4.0f);
     mirror(true, false);
-    expectUv(kSphere, {5, 0, 0}, 0.5f * 3 + 2 / 2.0f, 0.75f * 1.5f + 1 / 4.0f);
+    expectUv(sphere, {5, 0, 0}, 0.5f * 3 + 2 / 2.0f, 0.75f * 1.5f + 1 / 4.0f);
     mirror(false, true);
-    expectUv(kSphere, {5, 0, 0}, -0.5f * 3 - 2 / 2.0f, -0.75f * 1.5f - 1 / 4.0f);
+    expectUv(sphere, {5, 0, 0}, -0.5f * 3 - 2 / 2.0f, -0.75f * 1.5f - 1 / 4.0f);
 }
 
 TEST_F(UvGeneratorTest, TurnsTheSphereAboutZAndThenAboutY) {
@@ -171,8 +170,8 @@ TEST_F(UvGeneratorTest, TurnsTheSphereAboutZAndThenAboutY) {
     material.cz = 1;
     material.sphereAngleA = 90;
     material.sphereAngleB = 90;
-    expectUv(kSphere, {0, 0, 3}, 0.75f, 0.5f);
-    expectUv(kSphere, {0, -2, 1}, 0.5f, 0.5f);
+    expectUv(sphere, {0, 0, 3}, 0.75f, 0.5f);
+    expectUv(sphere, {0, -2, 1}, 0.5f, 0.5f);
     // The x axis becomes the north pole, about which u takes any value.
     FloatVector uv;
     makeUvGenerator(material, bounds).generate({2, 0, 1}, {}, uv);
@@ -180,4 +179,4 @@ TEST_F(UvGeneratorTest, TurnsTheSphereAboutZAndThenAboutY) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::geometry

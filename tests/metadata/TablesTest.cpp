@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <limits>
 
-namespace orvane {
+namespace orvane::metadata {
 namespace {
 
 using testing::ElementsAre;
@@ -151,4 +151,4 @@ TEST(Tables, AreTakenFromTheOpenedDocumentAlone) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::metadata

@@ -193,7 +193,8 @@ TEST(ModelReader, AppearancesDecalsAndFeatures) {
     EXPECT_EQ(full.secondaryColor, 0x030201u);
     EXPECT_EQ(full.specularColor, 0x010000u);
     EXPECT_TRUE(full.emission == 0.25 && full.transparency == 0.5 && full.specular == 0);
-    EXPECT_TRUE(full.mapping.type == 3 && full.mapping.width == 0.5 && full.mapping.mirrorHorizontal);
+    EXPECT_TRUE(full.mapping.type == MappingKind::cylinder && full.mapping.width == 0.5 &&
+                full.mapping.mirrorHorizontal);
     EXPECT_EQ(full.mapping.vDirection, (Vector3{0, 0, 1}));
     ASSERT_EQ(full.appliedTo.size(), 4u);
     EXPECT_EQ(full.appliedTo[0].kind, EntityKind::document);
@@ -249,12 +250,15 @@ TEST(ModelReader, ViewsLightsMotionAndTables) {
     EXPECT_TRUE(view.width == 9 && view.height == 10 && view.camera.value().aspect == 2 &&
                 view.camera->up[1] == 1);
     const LightRecord& light = document.lights.at(0);
-    EXPECT_TRUE(light.name == u"L" && light.userName == u"U" && light.type == 2 && light.level == 0.5 &&
-                !light.on);
+    EXPECT_TRUE(light.name == u"L" && light.userName == u"U" && light.type == LightKind::spot &&
+                light.level == 0.5 && !light.on);
     EXPECT_TRUE(light.color[1] == 0.5 && light.position[0] == 1 && light.direction[0] == 4);
     EXPECT_TRUE(light.coneAngle == 30 && light.attenuation[0] == 7 && light.intensity == 11);
-    EXPECT_TRUE(document.lights[1].type == 1234 && document.lights[1].on && document.lights[1].color[2] == 1);
-    EXPECT_TRUE(document.lights[2].type == 3 && document.lights[3].type == 4 && document.lights[4].type == 1);
+    EXPECT_TRUE(document.lights[1].type == LightKind{1234} && document.lights[1].on &&
+                document.lights[1].color[2] == 1);
+    EXPECT_EQ(document.lights[2].type, LightKind::point);
+    EXPECT_EQ(document.lights[3].type, LightKind::directional);
+    EXPECT_EQ(document.lights[4].type, LightKind::ambient);
 
     const MotionStudyRecord& study = document.motionStudies.at(0);
     EXPECT_TRUE(study.name == u"M" && study.duration == -2.5 && study.frameRate == 30 && study.time == 1);

@@ -61,22 +61,5 @@ TEST(ViewStorageList, TakesTheCameraOnTheScreenForACamera) {
     EXPECT_THAT(viewsOf(view, true, false), ElementsAre("current:o", "Cote_ 1:p", "Second:p", "Third:p"));
 }
 
-TEST(ViewStorageList, LeavesTheScreenUnlessItIsToldToRestoreIt) {
-    ViewRun run(manyViews({.mode = 7}));
-    run.build();
-    run.list.reset();
-    EXPECT_EQ(run.screen()->viewMode(), 3);
-    ViewRun restored(manyViews({.mode = 7}));
-    restored.build();
-    restored.list->restoreOnClose = true;
-    restored.list.reset();
-    EXPECT_EQ(restored.screen()->viewMode(), 7);
-    ViewRun withoutCurrent(manyViews({.mode = 7}));
-    withoutCurrent.build(true, false);
-    withoutCurrent.list->restoreOnClose = true;
-    withoutCurrent.list.reset();
-    EXPECT_EQ(withoutCurrent.screen()->viewMode(), 3) << "the first view is not in the list";
-}
-
 } // namespace
 } // namespace orvane

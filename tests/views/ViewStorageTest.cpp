@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-namespace orvane {
+namespace orvane::views {
 namespace {
 
 using testing::ElementsAre;
@@ -150,4 +150,4 @@ TEST(ViewStorage, BearsAHostThatGivesNoTransforms) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::views

@@ -76,7 +76,9 @@ void readValue(const JsonCursor& value, EntityRecord& entity) {
 void readValue(const JsonCursor& value, MappingRecord& mapping) {
     value.expectObject({"type", "width", "height", "offsetU", "offsetV", "rotation", "center", "uDirection",
                         "vDirection", "sphereAngleA", "sphereAngleB", "mirrorVertical", "mirrorHorizontal"});
-    value.read("type", mapping.type);
+    auto type = static_cast<std::int32_t>(mapping.type);
+    value.read("type", type);
+    mapping.type = MappingKind{type};
     value.read("width", mapping.width);
     value.read("height", mapping.height);
     value.read("offsetU", mapping.offsetU);

@@ -39,7 +39,11 @@ void readValue(const JsonCursor& value, LightRecord& light) {
     value.read("name", light.name);
     value.read("userName", light.userName);
     value.with("type", [&](const JsonCursor& type) {
-        light.type = readNumberOrWord(type, {{"ambient", 1}, {"spot", 2}, {"point", 3}, {"directional", 4}});
+        const auto number = [](LightKind kind) { return static_cast<std::int32_t>(kind); };
+        light.type = LightKind{readNumberOrWord(type, {{"ambient", number(LightKind::ambient)},
+                                                       {"spot", number(LightKind::spot)},
+                                                       {"point", number(LightKind::point)},
+                                                       {"directional", number(LightKind::directional)}})};
     });
     value.read("level", light.level);
     value.read("color", light.color);

@@ -70,8 +70,11 @@ struct ConfigurationRecord {
     std::optional<std::int32_t> explodeSteps;
 };
 
+/// By the numbers of a model document, which may hold other ones too.
+enum class MappingKind : std::int32_t { automatic = 0, projection = 1, sphere = 2, cylinder = 3, box = 4 };
+
 struct MappingRecord {
-    std::int32_t type = 0;
+    MappingKind type = MappingKind::automatic;
     double width = 0, height = 0, offsetU = 0, offsetV = 0, rotation = 0;
     Vector3 center{}, uDirection{}, vDirection{};
     double sphereAngleA = 0, sphereAngleB = 0;
@@ -130,9 +133,12 @@ struct ViewRecord {
     std::optional<CameraRecord> camera;
 };
 
+/// By the numbers of a model document, which may hold other ones too.
+enum class LightKind : std::int32_t { ambient = 1, spot = 2, point = 3, directional = 4 };
+
 struct LightRecord {
     std::u16string name, userName;
-    std::int32_t type = 0; ///< 1 ambient, 2 spot, 3 point, 4 directional
+    LightKind type{};
     double level = 0;
     Vector3 color{1, 1, 1};
     Vector3 position{}, direction{};
