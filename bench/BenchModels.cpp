@@ -1,5 +1,7 @@
 #include "BenchModels.h"
 
+#include "model/records/ModelDefaults.h"
+
 #include <memory>
 #include <string>
 #include <utility>
@@ -19,10 +21,7 @@ ModelDocument& addDocument(Model& model, DocumentKind kind, const std::u16string
     document.title = title;
     document.path = u"\\models\\" + title;
     document.root.name = title;
-    document.configurations.resize(1);
-    document.configurations[0].name = u"Default";
-    document.configurations[0].displayStates.resize(1);
-    document.configurations[0].displayStates[0].name = u"Display State 1";
+    document.configurations = {defaultConfiguration()};
     return document;
 }
 

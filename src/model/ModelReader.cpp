@@ -2,9 +2,8 @@
 
 #include "model/json/DocumentContext.h"
 #include "model/json/DocumentJson.h"
-#include "model/json/JsonCursor.h"
 #include "model/json/JsonText.h"
-#include "model/json/Utf8Check.h"
+#include "model/json/ShownText.h"
 #include "model/records/HostPath.h"
 #include "model/records/InstanceTree.h"
 #include "model/records/ModelError.h"
@@ -76,8 +75,7 @@ private:
             file.isOpen = true;
             open_.push_back({&file, &context, 0});
         } else {
-            throw ModelError(json::shownPath(path) +
-                             ": found a file of another kind, expected .tfgprt, .tfgasm, .step or .stp");
+            throw ModelError(path, "", "a file of another kind", ".tfgprt, .tfgasm, .step or .stp");
         }
         return file.document;
     }
@@ -105,10 +103,10 @@ private:
         const json::DocumentMention mention = holder.context->documentMentions[holder.nextMention++];
         const auto known = files_.find(fileKey(mention.file));
         if (known != files_.end() && known->second.isOpen) {
-            throw ModelError(
-                json::shownPath(holder.context->file) + ": " + mention.place + ": found \"" +
-                json::shownPath(mention.file.filename()) +
-                "\", which leads back to itself, expected documents that do not refer to themselves");
+            const std::u8string name = mention.file.filename().u8string();
+            throw ModelError(holder.context->file, mention.place,
+                             '"' + std::string(name.begin(), name.end()) + "\", which leads back to itself",
+                             "documents that do not refer to themselves");
         }
         mention.component->document = known != files_.end() ? known->second.document : open(mention.file);
     }
@@ -124,17 +122,18 @@ private:
     }
 
     void checkTrees() const {
-        const auto sizes = measureTrees(model_);
+        TreeSizes sizes;
         for (const auto& context : contexts_) {
-            const TreeSize size = sizes.at(context->document);
-            const std::string head = json::shownPath(context->file) + ": /components: found more than ";
+            const TreeSize size = sizes.of(*context->document);
+            const auto refuse = [&](std::uint64_t most, const char* what) {
+                throw ModelError(context->file, "/components",
+                                 "more than " + std::to_string(most) + " components " + what, "fewer");
+            };
             if (size.components > kMostComponents) {
-                throw ModelError(head + std::to_string(kMostComponents) +
-                                 " components with all sub-assemblies instanced, expected fewer");
+                refuse(kMostComponents, "with all sub-assemblies instanced");
             }
             if (size.levels > kMostComponentLevels) {
-                throw ModelError(head + std::to_string(kMostComponentLevels) +
-                                 " components one below the other, expected fewer");
+                refuse(kMostComponentLevels, "one below the other");
             }
         }
     }
@@ -144,9 +143,9 @@ private:
         for (const auto& context : contexts_) {
             for (const json::ComponentMention& mention : context->componentMentions) {
                 if (!names.contains(*context->document, mention.fullName)) {
-                    throw ModelError(json::shownPath(context->file) + ": " + mention.place + ": found \"" +
-                                     json::shortened(utf8FromUtf16(mention.fullName)) +
-                                     "\", expected the full name of a component of this document");
+                    throw ModelError(context->file, mention.place,
+                                     json::inQuotes(utf8FromUtf16(mention.fullName)),
+                                     "the full name of a component of this document");
                 }
             }
         }
@@ -167,11 +166,10 @@ Model readModel(const fs::path& file, const MeshingOptions& options) {
     try {
         return ModelLoader(options).load(file);
     } catch (const std::bad_alloc&) {
-        throw ModelError(json::shownPath(file) +
-                         ": found more than fits into memory, expected a smaller model");
+        throw ModelError(file, "", "more than fits into memory", "a smaller model");
     } catch (const fs::filesystem_error& error) {
-        throw ModelError(json::shownPath(file) + ": found a file system that fails (" +
-                         error.code().message() + "), expected to read the model");
+        throw ModelError(file, "", "a file system that fails (" + error.code().message() + ")",
+                         "to read the model");
     }
 }
 

@@ -31,8 +31,13 @@ void appendUtf8(std::string& out, char32_t code) {
     }
 }
 
-/// Decodes one character at `at` and moves `at` behind it; a malformed sequence takes one byte.
-char32_t decodeUtf8(std::string_view text, std::size_t& at) {
+struct Decoded {
+    char32_t code = kReplacement;
+    std::size_t length = 0; ///< bytes; 0: no well-formed sequence
+};
+
+/// The character whose sequence starts at `at`.
+Decoded decodeUtf8(std::string_view text, std::size_t at) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char lead = byte(at);
     const std::size_t length = lead < 0x80   ? 1
@@ -42,24 +47,20 @@ char32_t decodeUtf8(std::string_view text, std::size_t& at) {
                                : lead < 0xF5 ? 4
                                              : 0;
     if (length == 0 || at + length > text.size()) {
-        ++at;
-        return kReplacement;
+        return {};
     }
     char32_t code = length == 1 ? lead : lead & (0x7Fu >> length);
     for (std::size_t i = 1; i < length; ++i) {
         if ((byte(at + i) & 0xC0) != 0x80) {
-            ++at;
-            return kReplacement;
+            return {};
         }
         code = (code << 6) | (byte(at + i) & 0x3Fu);
     }
     constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
     if (code < kSmallest[length] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
-        ++at;
-        return kReplacement;
+        return {};
     }
-    at += length;
-    return code;
+    return {code, length};
 }
 
 } // namespace
@@ -83,7 +84,8 @@ std::u16string utf16FromUtf8(std::string_view text) {
     std::u16string out;
     out.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t code = decodeUtf8(text, at);
+        const auto [code, length] = decodeUtf8(text, at);
+        at += length == 0 ? 1 : length;
         if (code < 0x10000) {
             out += static_cast<char16_t>(code);
         } else {
@@ -92,6 +94,18 @@ std::u16string utf16FromUtf8(std::string_view text) {
         }
     }
     return out;
+}
+
+std::size_t wellFormedUtf8Length(std::string_view text) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t length = decodeUtf8(text, at).length;
+        if (length == 0) {
+            break;
+        }
+        at += length;
+    }
+    return at;
 }
 
 } // namespace orvane

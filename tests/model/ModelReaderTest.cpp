@@ -1,3 +1,5 @@
+#include "embedded/EmbeddedHost.h"
+#include "model/FullDocuments.h"
 #include "support/ModelFiles.h"
 
 #include "model/records/HostPath.h"
@@ -78,34 +80,33 @@ TEST(ModelReader, Placements) {
     }
 }
 
-TEST(ModelReader, FacesAndTheirNormals) {
+TEST(ModelReader, BodiesAndFaces) {
     ModelFiles files;
-    const Model model = files.readText("a.tfgprt", R"({
-        "features": [{"name": "A", "features": [{"name": "B"}]}, {"name": "B"}, {"name": "C"}],
-        "bodies": [{"name": "Named", "kind": "wire", "visible": false}, {"faces": [
-            {"positions": [], "userValue": 4294967295},
-            {"positions": [0,0,0, 2,0,0, 0,2,0, 0,0,0, 1,1,1, 2,2,2, 0,0,0, 0,1,0, 0,0,1], "feature": "B", "userValue": -5},
-            {"positions": [0,0,0, 1,0,0, 0,1,0], "normals": [1,2,3,4,5,6,7,8,9], "texCoords": [0,0.5,1,1.5,2,2.5], "feature": "C"}
-        ]}, {"kind": "surface", "faces": []}]})");
+    const Model model = files.readText("a.tfgprt", kFullPart);
+    EXPECT_EQ(model.documents[0]->title, u"Lid");
     const auto& bodies = model.documents[0]->bodies;
-    EXPECT_EQ(bodies[0].name, u"Named");
-    EXPECT_TRUE(bodies[0].kind == BodyKind::wire && !bodies[0].visible && bodies[0].faces.empty());
-    EXPECT_EQ(bodies[1].name, u"Body2");
-    EXPECT_EQ(bodies[2].name, u"Body3");
-    EXPECT_EQ(bodies[2].kind, BodyKind::surface);
+    EXPECT_TRUE(bodies[0].name == u"Named" && bodies[0].kind == BodyKind::wire && !bodies[0].visible &&
+                bodies[0].faces.empty());
+    EXPECT_TRUE(bodies[1].name == u"Body2" && bodies[1].kind == BodyKind::solid && bodies[1].visible);
+    EXPECT_TRUE(bodies[2].name == u"Body3" && bodies[2].kind == BodyKind::surface);
     const auto& faces = bodies[1].faces;
     EXPECT_THAT(faces[0].positions, IsEmpty());
-    EXPECT_EQ(faces[0].userValue, -1);
-    EXPECT_EQ(faces[1].userValue, -5);
-    EXPECT_EQ(faces[0].feature, -1);
-    EXPECT_EQ(faces[1].feature, 1); // the first B of the flattened tree
-    EXPECT_EQ(faces[2].feature, 3);
+    EXPECT_TRUE(faces[0].userValue == -1 && faces[1].userValue == -5 && faces[2].userValue == 0);
+    // Of two features of one name the first of the flattened tree.
+    EXPECT_TRUE(faces[0].feature == -1 && faces[1].feature == 1 && faces[2].feature == 3);
     std::vector<float> normals(27, 0.0f); // the second triangle is degenerate
     normals[2] = normals[5] = normals[8] = normals[18] = normals[21] = normals[24] = 1;
     EXPECT_EQ(faces[1].normals, normals);
     EXPECT_THAT(faces[1].texCoords, IsEmpty());
     EXPECT_THAT(faces[2].normals, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9));
     EXPECT_THAT(faces[2].texCoords, ElementsAre(0, 0.5f, 1, 1.5f, 2, 2.5f));
+    // What each shape takes: a box has no segments, the others as many as are given.
+    std::vector<std::size_t> numbers;
+    for (std::size_t i = 3; i < bodies.size(); ++i) {
+        numbers.push_back(bodies[i].faces.at(0).positions.size() / 9);
+    }
+    EXPECT_THAT(numbers, ElementsAre(2, 8, 10, 6, 98));
+    EXPECT_EQ(bodies[3].faces[0].positions[0], 0.5f); // -x of a box that is moved by 1
 }
 
 TEST(ModelReader, NormalsComeFromTheDoubles) {
@@ -119,16 +120,7 @@ TEST(ModelReader, NormalsComeFromTheDoubles) {
 TEST(ModelReader, ConfigurationsAndComponents) {
     ModelFiles files;
     files.write("part.tfgprt", "{}");
-    const Model model = files.readText("a.tfgasm", R"({
-        "activeConfiguration": "B", "root": {"name": "R\u00e4\ud83d\ude00", "id": -7, "placement": {"scale": 2}},
-        "configurations": [
-            {"name": "A", "explodeSteps": 3, "displayStates": [], "customProperties": [
-                {"name": "n", "value": "v"}, {"type": "Date"}, {"type": "YesNo"}, {"type": "Number"}, {"type": "Double"}, {"type": 77}]},
-            {"name": "B", "suppressed": ["x"], "hidden": ["x/y"], "shown": ["x", "x"], "placements": {"x/y": {"translate": [1, 2, 3]}},
-             "displayStates": ["S1", {"name": "S2", "hidden": ["x"], "shown": ["x/y"]}]}],
-        "components": [
-            {"name": "x", "document": "part.tfgprt", "id": 9, "placement": null, "loaded": false, "suppressed": true, "hidden": true,
-             "state": 1, "components": [{"name": "y", "placementFallback": {"scale": 3}}, {"name": "y"}], "decals": [{"id": 3.0}]}]})");
+    const Model model = files.readText("a.tfgasm", kFullAssembly);
     const ModelDocument& document = *model.documents[0];
     EXPECT_EQ(document.activeConfiguration, 1u);
     EXPECT_EQ(document.root.name, u"R\u00e4\U0001F600");
@@ -150,7 +142,7 @@ TEST(ModelReader, ConfigurationsAndComponents) {
     EXPECT_THAT(b.hidden, ElementsAre(u"x/y"));
     EXPECT_THAT(b.shown, ElementsAre(u"x", u"x"));
     EXPECT_EQ(b.placements.at(0).component, u"x/y");
-    EXPECT_EQ(b.placements[0].placement[11], 3);
+    EXPECT_EQ(b.placements[0].placement, (Placement{0, 1, 0, -1, 0, 0, 0, 0, 1, 1, 2, 3, 1, 0, 0, 0}));
     EXPECT_EQ(b.displayStates.at(0).name, u"S1");
     EXPECT_THAT(b.displayStates.at(1).hidden, ElementsAre(u"x"));
     EXPECT_THAT(b.displayStates[1].shown, ElementsAre(u"x/y"));
@@ -170,17 +162,7 @@ TEST(ModelReader, ConfigurationsAndComponents) {
 
 TEST(ModelReader, AppearancesDecalsAndFeatures) {
     ModelFiles files;
-    const Model model = files.readText("sub/a.tfgprt", R"({
-        "configurations": [{"name": "A", "displayStates": ["S", "T"]}], "bodies": [{"shape": {"box": {"size": [1, 1, 1]}}}],
-        "features": [{"name": "F", "features": [{"name": "G", "type": "CommentsFolder", "comments": [{"name": "n", "text": "t"}]}],
-                      "definition": {"propagate": true, "seeds": ["H", null, "G"]}},
-                     {"name": "H", "camera": {"position": [1, 2, 3], "fieldOfView": 0.5, "perspective": false}}],
-        "appearances": [{}, {"file": "../lib/steel.tfm", "texture": "wood/a.png", "bumpTexture": "/abs/b.png", "primaryColor": "#12aBfF",
-            "secondaryColor": [1, 2, 3], "specularColor": "#000001", "emission": 0.25, "transparency": 0.5,
-            "mapping": {"type": 3, "width": 0.5, "vDirection": [0, 0, 1], "mirrorHorizontal": true},
-            "appliedTo": ["document", {"body": "Body1"}, {"feature": "G"}, {"face": ["Body1", 5]}],
-            "configurations": ["A"], "displayStates": ["T"]}],
-        "decals": [{"id": 4, "maskFile": "m.png", "maskInvert": true, "ids": [1, -2], "appearance": {"appliedTo": []}}]})");
+    const Model model = files.readText("sub/a.tfgprt", kFullPart);
     const ModelDocument& document = *model.documents[0];
     const AppearanceRecord& plain = document.appearances.at(0);
     const AppearanceRecord& full = document.appearances.at(1);
@@ -192,16 +174,21 @@ TEST(ModelReader, AppearancesDecalsAndFeatures) {
     EXPECT_EQ(full.primaryColor, 0xFFAB12u);
     EXPECT_EQ(full.secondaryColor, 0x030201u);
     EXPECT_EQ(full.specularColor, 0x010000u);
-    EXPECT_TRUE(full.emission == 0.25 && full.transparency == 0.5 && full.specular == 0);
-    EXPECT_TRUE(full.mapping.type == MappingKind::cylinder && full.mapping.width == 0.5 &&
-                full.mapping.mirrorHorizontal);
-    EXPECT_EQ(full.mapping.vDirection, (Vector3{0, 0, 1}));
+    EXPECT_TRUE(full.emission == 0.25 && full.transparency == 0.5 && full.specular == 3);
+    EXPECT_TRUE(full.reflectivity == 0.75 && full.specularSpread == 2 && full.tertiaryColor == 0x000100);
+    const MappingRecord& mapping = full.mapping;
+    EXPECT_TRUE(mapping.type == MappingKind::cylinder && mapping.width == 0.5 && mapping.height == 0.25 &&
+                mapping.rotation == 30);
+    EXPECT_TRUE(mapping.offsetU == 1 && mapping.offsetV == 2 && mapping.center[1] == 2);
+    EXPECT_TRUE(mapping.uDirection[0] == 1 && mapping.vDirection[2] == 1 && mapping.sphereAngleA == 4 &&
+                mapping.sphereAngleB == 5);
+    EXPECT_TRUE(!mapping.mirrorVertical && mapping.mirrorHorizontal);
     ASSERT_EQ(full.appliedTo.size(), 4u);
     EXPECT_EQ(full.appliedTo[0].kind, EntityKind::document);
     EXPECT_TRUE(full.appliedTo[1].kind == EntityKind::body && full.appliedTo[1].body == 0);
     EXPECT_TRUE(full.appliedTo[2].kind == EntityKind::feature && full.appliedTo[2].feature == 1);
-    EXPECT_TRUE(full.appliedTo[3].kind == EntityKind::face && full.appliedTo[3].body == 0 &&
-                full.appliedTo[3].face == 5);
+    EXPECT_TRUE(full.appliedTo[3].kind == EntityKind::face && full.appliedTo[3].body == 1 &&
+                full.appliedTo[3].face == 2);
     EXPECT_THAT(full.configurations, ElementsAre(u"A"));
     EXPECT_THAT(full.displayStates, ElementsAre(u"T"));
     const DecalRecord& decal = document.decals.at(0);
@@ -210,34 +197,22 @@ TEST(ModelReader, AppearancesDecalsAndFeatures) {
     EXPECT_THAT(decal.ids, ElementsAre(1, -2));
 
     const auto& features = document.features;
-    ASSERT_EQ(features.size(), 3u);
-    EXPECT_TRUE(features[0].parent == -1 && features[1].parent == 0 && features[2].parent == -1);
+    ASSERT_EQ(features.size(), 4u);
+    EXPECT_TRUE(features[0].parent == -1 && features[1].parent == 0 && features[3].parent == -1);
     EXPECT_EQ(features[0].type, u"Feature");
     EXPECT_EQ(features[1].type, u"CommentsFolder");
     EXPECT_EQ(features[1].comments.at(0).text, u"t");
     EXPECT_TRUE(features[0].definition.value().propagate);
-    EXPECT_THAT(features[0].definition->seeds, ElementsAre(2, -1, 1));
-    const CameraRecord& camera = features[2].camera.value();
-    EXPECT_TRUE(camera.position[2] == 3 && camera.fieldOfView == 0.5 && !camera.perspective &&
-                camera.aspect == 1.5);
+    EXPECT_THAT(features[0].definition->seeds, ElementsAre(3, -1, 1));
+    const CameraRecord& camera = features[3].camera.value();
+    EXPECT_TRUE(camera.position[2] == 3 && camera.up[1] == 1 && camera.direction[2] == 1 &&
+                camera.fieldOfView == 0.5 && !camera.perspective && camera.aspect == 2);
 }
 
 TEST(ModelReader, ViewsLightsMotionAndTables) {
     ModelFiles files;
-    const Model model = files.readText("a.tfgasm", R"({
-        "box": [0, 1, 2, 3, 4, 5], "components": [{"name": "c"}], "view": {},
-        "namedViews": [{"name": "V", "mode": 2, "orientation": {"rotate": {"degrees": 90}}, "scale": 3, "translation": [1, 2, 3],
-            "eyePoint": [4, 5, 6], "planeDistance": 7, "perspective": true, "perspectiveAllowed": false,
-            "transform": {"scale": 8}, "width": 9, "height": 10, "camera": {"aspect": 2, "up": [0, 1, 0], "direction": [0, 0, 1]}}],
-        "lights": [{"name": "L", "userName": "U", "type": "spot", "level": 0.5, "color": [1, 0.5, 0], "position": [1, 2, 3],
-            "direction": [4, 5, 6], "coneAngle": 30, "attenuation": [7, 8, 9], "intensity": 11, "on": false},
-            {"type": 1234}, {"type": "point"}, {"type": "directional"}, {"type": "ambient"}],
-        "motionStudies": [{"name": "M", "duration": -2.5, "frameRate": 30.0, "time": 1, "tracks": [
-            {"component": "c", "interpolation": "step", "keys": [{"time": -1}, {"time": 0.5, "placement": {"translate": [1, 0, 0]}}]},
-            {"component": "c"}, {"keys": [{}]}]}, {"frameRate": 0}],
-        "explodedViews": [{"name": "E", "frameRate": 12, "steps": [{"components": ["c"], "translate": [0, 0, 1]}, {}]}],
-        "designTable": {"title": "T", "headers": ["h", null], "rows": [["1"], []], "startRow": 4, "startColumn": 5, "attach": false},
-        "annotations": [{"table": {"title": null, "rows": [[null, "x"]]}}, {"type": 3, "table": {}}]})");
+    files.write("part.tfgprt", "{}");
+    const Model model = files.readText("a.tfgasm", kFullAssembly);
     const ModelDocument& document = *model.documents[0];
     EXPECT_THAT(document.box.value(), ElementsAre(0, 1, 2, 3, 4, 5));
     const ViewRecord& plain = document.view.value();
@@ -247,8 +222,8 @@ TEST(ModelReader, ViewsLightsMotionAndTables) {
     EXPECT_TRUE(view.name == u"V" && view.mode == 2 && view.orientation[1] == 1 && view.scale == 3);
     EXPECT_TRUE(view.translation[2] == 3 && view.eyePoint[0] == 4 && view.planeDistance == 7);
     EXPECT_TRUE(view.perspective && !view.perspectiveAllowed && view.transform[12] == 8);
-    EXPECT_TRUE(view.width == 9 && view.height == 10 && view.camera.value().aspect == 2 &&
-                view.camera->up[1] == 1);
+    EXPECT_TRUE(view.width == 9 && view.height == 10 && view.camera.value().aspect == 1.5 &&
+                view.camera->perspective);
     const LightRecord& light = document.lights.at(0);
     EXPECT_TRUE(light.name == u"L" && light.userName == u"U" && light.type == LightKind::spot &&
                 light.level == 0.5 && !light.on);
@@ -263,13 +238,13 @@ TEST(ModelReader, ViewsLightsMotionAndTables) {
     const MotionStudyRecord& study = document.motionStudies.at(0);
     EXPECT_TRUE(study.name == u"M" && study.duration == -2.5 && study.frameRate == 30 && study.time == 1);
     ASSERT_EQ(study.tracks.size(), 1u); // the two that move nothing are left out
-    EXPECT_TRUE(study.tracks[0].component == u"c" &&
+    EXPECT_TRUE(study.tracks[0].component == u"x" &&
                 study.tracks[0].interpolation == TrackInterpolation::step);
     EXPECT_TRUE(study.tracks[0].keys.at(0).time == -1 && study.tracks[0].keys.at(1).placement[9] == 1);
     EXPECT_EQ(document.motionStudies[1].frameRate, 0);
     const ExplodedViewRecord& exploded = document.explodedViews.at(0);
     EXPECT_TRUE(exploded.name == u"E" && exploded.frameRate == 12 && exploded.steps.at(0).translate[2] == 1);
-    EXPECT_THAT(exploded.steps[0].components, ElementsAre(u"c"));
+    EXPECT_THAT(exploded.steps[0].components, ElementsAre(u"x"));
     EXPECT_THAT(exploded.steps.at(1).components, IsEmpty());
 
     const TableRecord& table = document.designTable.value();
@@ -280,6 +255,18 @@ TEST(ModelReader, ViewsLightsMotionAndTables) {
     const TableRecord& note = document.annotations.at(0).table.value();
     EXPECT_TRUE(document.annotations[0].type == 14 && !note.title && !note.rows.at(0).at(0) && note.attach);
     EXPECT_TRUE(document.annotations.at(1).type == 3 && !document.annotations[1].table);
+}
+
+TEST(ModelReader, AppearancesWithEmptyListsAreAlwaysListed) {
+    ModelFiles files;
+    const auto host = openEmbeddedHost(files.readText("a.tfgprt", R"({
+        "configurations": [{"name": "A", "displayStates": ["S"]}, {"name": "B", "displayStates": []}],
+        "appearances": [{"configurations": [], "displayStates": []}, {"configurations": ["A"], "displayStates": []},
+                        {"configurations": [], "displayStates": ["S"]}]})"));
+    const auto document = host->activeDocument();
+    EXPECT_EQ(document->appearances().size(), 3u);
+    document->showConfiguration(u"B");
+    EXPECT_EQ(document->appearances().size(), 1u);
 }
 
 } // namespace

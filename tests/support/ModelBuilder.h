@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/records/ModelDefaults.h"
 #include "model/records/ModelRecords.h"
 
 #include <algorithm>
@@ -41,14 +42,13 @@ inline Placement turned(double x, double y, double z) {
 /// Builds a model for the embedded host. The first document made is the opened one.
 class ModelBuilder {
 public:
-    /// A document with one configuration `Default` and one display state `Display State 1`.
+    /// A document with the default configuration.
     ModelDocument& document(DocumentKind kind, const std::u16string& title) {
         ModelDocument& made = *model_.documents.emplace_back(std::make_unique<ModelDocument>());
         made.kind = kind;
-        made.title = title;
+        setTitle(made, title);
         made.path = u"\\models\\" + title;
-        made.root.name = title.substr(0, title.rfind(u'.'));
-        made.configurations = {configuration(u"Default", {u"Display State 1"})};
+        made.configurations = {defaultConfiguration()};
         return made;
     }
 

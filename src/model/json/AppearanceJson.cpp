@@ -56,41 +56,41 @@ void readValue(const JsonCursor& value, EntityRecord& entity) {
     if (!value.isObject()) {
         value.mismatch(R"("document" or an object with "body", "feature", "face" or "component")");
     }
-    value.expectObject({"body", "feature", "face", "component"});
     int kinds = 0;
-    value.with("body", [&](const JsonCursor& name) {
-        entity = {EntityKind::body, bodyNamed(name), -1, -1, {}}, ++kinds;
-    });
-    value.with("feature", [&](const JsonCursor& name) {
-        entity = {EntityKind::feature, -1, -1, featureNamed(name), {}}, ++kinds;
-    });
-    value.with("face", [&](const JsonCursor& face) { entity = readFaceEntity(face), ++kinds; });
-    value.with("component", [&](const JsonCursor& fullName) {
-        entity = {EntityKind::component, -1, -1, -1, mentionComponent(fullName)}, ++kinds;
-    });
+    const auto take = [&](EntityRecord named) {
+        ++kinds;
+        entity = std::move(named);
+    };
+    value.readObject(key("body",
+                         [&](const JsonCursor& name) {
+                             take({EntityKind::body, bodyNamed(name), -1, -1, {}});
+                         }),
+                     key("feature",
+                         [&](const JsonCursor& name) {
+                             take({EntityKind::feature, -1, -1, featureNamed(name), {}});
+                         }),
+                     key("face", [&](const JsonCursor& face) { take(readFaceEntity(face)); }),
+                     key("component", [&](const JsonCursor& fullName) {
+                         take({EntityKind::component, -1, -1, -1, mentionComponent(fullName)});
+                     }));
     if (kinds != 1) {
         value.fail(std::to_string(kinds) + " entities", "one");
     }
 }
 
 void readValue(const JsonCursor& value, MappingRecord& mapping) {
-    value.expectObject({"type", "width", "height", "offsetU", "offsetV", "rotation", "center", "uDirection",
-                        "vDirection", "sphereAngleA", "sphereAngleB", "mirrorVertical", "mirrorHorizontal"});
-    auto type = static_cast<std::int32_t>(mapping.type);
-    value.read("type", type);
-    mapping.type = MappingKind{type};
-    value.read("width", mapping.width);
-    value.read("height", mapping.height);
-    value.read("offsetU", mapping.offsetU);
-    value.read("offsetV", mapping.offsetV);
-    value.read("rotation", mapping.rotation);
-    value.read("center", mapping.center);
-    value.read("uDirection", mapping.uDirection);
-    value.read("vDirection", mapping.vDirection);
-    value.read("sphereAngleA", mapping.sphereAngleA);
-    value.read("sphereAngleB", mapping.sphereAngleB);
-    value.read("mirrorVertical", mapping.mirrorVertical);
-    value.read("mirrorHorizontal", mapping.mirrorHorizontal);
+    const auto readType = [](const JsonCursor& type) {
+        std::int32_t number = 0;
+        readValue(type, number);
+        return MappingKind{number};
+    };
+    value.readObject(key("type", mapping.type, readType), key("width", mapping.width),
+                     key("height", mapping.height), key("offsetU", mapping.offsetU),
+                     key("offsetV", mapping.offsetV), key("rotation", mapping.rotation),
+                     key("center", mapping.center), key("uDirection", mapping.uDirection),
+                     key("vDirection", mapping.vDirection), key("sphereAngleA", mapping.sphereAngleA),
+                     key("sphereAngleB", mapping.sphereAngleB), key("mirrorVertical", mapping.mirrorVertical),
+                     key("mirrorHorizontal", mapping.mirrorHorizontal));
 }
 
 namespace {
@@ -125,14 +125,6 @@ std::vector<std::u16string> readDisplayStateNames(const JsonCursor& list) {
     return out;
 }
 
-void readPicture(const JsonCursor& object, std::string_view key, std::string& field) {
-    object.with(key, [&](const JsonCursor& name) { field = resolvePicture(name); });
-}
-
-void readColorField(const JsonCursor& object, std::string_view key, std::uint32_t& field) {
-    object.with(key, [&](const JsonCursor& color) { field = readColor(color); });
-}
-
 } // namespace
 
 std::uint32_t readColor(const JsonCursor& value) {
@@ -149,37 +141,29 @@ std::uint32_t readColor(const JsonCursor& value) {
 }
 
 void readValue(const JsonCursor& value, AppearanceRecord& appearance) {
-    value.expectObject({"file", "texture", "bumpTexture", "primaryColor", "secondaryColor", "tertiaryColor",
-                        "specularColor", "emission", "reflectivity", "specularSpread", "specular",
-                        "transparency", "mapping", "appliedTo", "configurations", "displayStates"});
-    readPicture(value, "file", appearance.file);
-    readPicture(value, "texture", appearance.texture);
-    readPicture(value, "bumpTexture", appearance.bumpTexture);
-    readColorField(value, "primaryColor", appearance.primaryColor);
-    readColorField(value, "secondaryColor", appearance.secondaryColor);
-    readColorField(value, "tertiaryColor", appearance.tertiaryColor);
-    readColorField(value, "specularColor", appearance.specularColor);
-    value.read("emission", appearance.emission);
-    value.read("reflectivity", appearance.reflectivity);
-    value.read("specularSpread", appearance.specularSpread);
-    value.read("specular", appearance.specular);
-    value.read("transparency", appearance.transparency);
-    value.read("mapping", appearance.mapping);
-    appearance.hasAppliedTo = value.has("appliedTo");
-    value.read("appliedTo", appearance.appliedTo);
-    value.with("configurations",
-               [&](const JsonCursor& names) { appearance.configurations = readConfigurationNames(names); });
-    value.with("displayStates",
-               [&](const JsonCursor& names) { appearance.displayStates = readDisplayStateNames(names); });
+    value.readObject(key("file", appearance.file, resolvePicture),
+                     key("texture", appearance.texture, resolvePicture),
+                     key("bumpTexture", appearance.bumpTexture, resolvePicture),
+                     key("primaryColor", appearance.primaryColor, readColor),
+                     key("secondaryColor", appearance.secondaryColor, readColor),
+                     key("tertiaryColor", appearance.tertiaryColor, readColor),
+                     key("specularColor", appearance.specularColor, readColor),
+                     key("emission", appearance.emission), key("reflectivity", appearance.reflectivity),
+                     key("specularSpread", appearance.specularSpread), key("specular", appearance.specular),
+                     key("transparency", appearance.transparency), key("mapping", appearance.mapping),
+                     key("appliedTo",
+                         [&](const JsonCursor& entities) {
+                             appearance.hasAppliedTo = true;
+                             readValue(entities, appearance.appliedTo);
+                         }),
+                     key("configurations", appearance.configurations, readConfigurationNames),
+                     key("displayStates", appearance.displayStates, readDisplayStateNames));
 }
 
 void readValue(const JsonCursor& value, DecalRecord& decal) {
-    value.expectObject({"id", "appearance", "maskFile", "maskInvert", "ids"});
-    readValue(value.require("id"), decal.id);
-    value.read("appearance", decal.appearance);
-    readPicture(value, "maskFile", decal.maskFile);
-    value.read("maskInvert", decal.maskInvert);
-    value.read("ids", decal.ids);
+    value.readObject(required(key("id", decal.id)), key("appearance", decal.appearance),
+                     key("maskFile", decal.maskFile, resolvePicture), key("maskInvert", decal.maskInvert),
+                     key("ids", decal.ids));
 }
 
 } // namespace orvane::json

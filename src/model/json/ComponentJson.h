@@ -13,8 +13,7 @@ void readValue(const JsonCursor& value, ComponentRecord& component);
 /// Reads a document's configurations. The bodies must have been read.
 void readValue(const JsonCursor& value, ConfigurationRecord& configuration);
 
-/// Reads the root component into the document at hand, whose title must be known; without a value, its
-/// defaults.
-void readRoot(const JsonCursor* value, ModelDocument& document);
+/// Reads the root component of an assembly.
+void readValue(const JsonCursor& value, RootRecord& root);
 
 } // namespace orvane::json

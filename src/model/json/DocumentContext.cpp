@@ -1,7 +1,7 @@
 #include "model/json/DocumentContext.h"
 
 #include "model/json/JsonCursor.h"
-#include "model/json/Utf8Check.h"
+#include "model/json/ShownText.h"
 #include "platform/AsciiCase.h"
 #include "platform/Utf8.h"
 
@@ -55,7 +55,7 @@ std::filesystem::path resolveExistingFile(const JsonCursor& name) {
     std::filesystem::path file = resolveFile(name);
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error)) {
-        name.fail('"' + shortened(name.utf8()) + "\", which is no file", "a file that is there");
+        name.fail(inQuotes(name.utf8()) + ", which is no file", "a file that is there");
     }
     return file;
 }

@@ -7,8 +7,10 @@
 #include "model/json/GeometryJson.h"
 #include "model/json/JsonCursor.h"
 #include "model/json/MotionJson.h"
+#include "model/json/ShownText.h"
 #include "model/json/TableJson.h"
 #include "model/json/ViewJson.h"
+#include "model/records/ModelDefaults.h"
 #include "platform/Utf8.h"
 
 #include <algorithm>
@@ -17,48 +19,50 @@ namespace orvane::json {
 
 namespace {
 
-void expectDocumentKeys(const JsonCursor& value, DocumentKind kind) {
-    value.expectObject({"title", "activeConfiguration", "configurations", "bodies", "components", "root",
-                        "features", "appearances", "decals", "view", "namedViews", "lights", "motionStudies",
-                        "explodedViews", "designTable", "annotations", "box"});
-    const auto refuse = [&](std::initializer_list<std::string_view> keys, const char* expected) {
-        for (const std::string_view key : keys) {
-            if (value.has(key)) {
-                value.fail('"' + std::string(key) + '"', expected);
-            }
+// What is named is read before what names it; all others follow.
+enum Turn : int { kRefusal = -6, kTitle, kFeatures, kBodies, kConfigurations, kActiveConfiguration };
+
+/// A key that only documents of one kind have.
+template <typename Read>
+auto only(DocumentKind kind, const JsonCursor& document, const JsonKey<Read>& made) {
+    const bool isAllowed = document.context().document->kind == kind;
+    const auto read = [=, &document](const JsonCursor& value) {
+        if (!isAllowed) {
+            document.fail(inQuotes(made.name), kind == DocumentKind::part
+                                                   ? "none in an assembly: only parts have it"
+                                                   : "none in a part: only assemblies have it");
         }
+        made.read(value);
     };
-    if (kind == DocumentKind::part) {
-        refuse({"components", "root", "explodedViews"}, "none in a part: only assemblies have it");
-    } else {
-        refuse({"bodies"}, "none in an assembly: only parts have it");
-    }
+    return inTurn(isAllowed ? made.turn : kRefusal, key(made.name, read));
 }
 
-void readConfigurations(const JsonCursor& value, ModelDocument& document) {
-    auto& configurations = document.configurations;
-    value.read("configurations", configurations);
-    if (!value.has("configurations")) {
-        ConfigurationRecord& only = configurations.emplace_back();
-        only.name = u"Default";
-        only.displayStates.emplace_back().name = u"Display State 1";
-    } else if (configurations.empty()) {
-        value.require("configurations").mismatch("at least one configuration");
+std::vector<ConfigurationRecord> readConfigurations(const JsonCursor& list) {
+    auto configurations = valueAs<std::vector<ConfigurationRecord>>(list);
+    if (configurations.empty()) {
+        list.mismatch("at least one configuration");
     }
-    value.with("activeConfiguration", [&](const JsonCursor& active) {
-        std::u16string name;
-        readValue(active, name);
-        const auto entry = std::ranges::find(configurations, name, &ConfigurationRecord::name);
-        if (entry == configurations.end()) {
-            active.mismatch("the name of a configuration of this document");
-        }
-        document.activeConfiguration = static_cast<std::size_t>(entry - configurations.begin());
-    });
+    return configurations;
 }
 
-void readNamedViews(const JsonCursor& list, std::vector<ViewRecord>& views) {
-    readValue(list, views);
-    list.forEachItem([](const JsonCursor& view) { view.require("name"); });
+std::size_t readActiveConfiguration(const JsonCursor& value) {
+    const auto& configurations = value.context().document->configurations;
+    const auto name = valueAs<std::u16string>(value);
+    const auto entry = std::ranges::find(configurations, name, &ConfigurationRecord::name);
+    if (entry == configurations.end()) {
+        value.mismatch("the name of a configuration of this document");
+    }
+    return static_cast<std::size_t>(entry - configurations.begin());
+}
+
+std::vector<ViewRecord> readNamedViews(const JsonCursor& list) {
+    std::vector<ViewRecord> views;
+    list.forEachItem([&](const JsonCursor& view) { views.push_back(readNamedView(view)); });
+    return views;
+}
+
+void readTitle(const JsonCursor& value) {
+    setTitle(*value.context().document, valueAs<std::u16string>(value));
 }
 
 } // namespace
@@ -66,30 +70,24 @@ void readNamedViews(const JsonCursor& list, std::vector<ViewRecord>& views) {
 void readDocumentJson(const nlohmann::json& tree, DocumentContext& context) {
     ModelDocument& document = *context.document;
     const JsonCursor value(tree, context);
-    expectDocumentKeys(value, document.kind);
     const std::u8string fileName = context.file.filename().u8string();
-    document.title = utf16FromUtf8(std::string(fileName.begin(), fileName.end()));
-    value.read("title", document.title);
-    // Features, bodies and configurations come first: what follows names them.
-    value.with("features", readFeatures);
-    value.with("bodies", readBodies);
-    readConfigurations(value, document);
-    if (document.kind == DocumentKind::assembly) {
-        const auto root = value.find("root");
-        readRoot(root ? &*root : nullptr, document);
-    }
-    value.read("components", document.components);
-    value.read("appearances", document.appearances);
-    value.read("decals", document.decals);
-    value.read("view", document.view);
-    value.with("namedViews", [&](const JsonCursor& list) { readNamedViews(list, document.namedViews); });
-    value.read("lights", document.lights);
-    value.read("motionStudies", document.motionStudies);
-    value.read("explodedViews", document.explodedViews);
-    value.with("designTable",
-               [&](const JsonCursor& table) { readDesignTable(table, document.designTable.emplace()); });
-    value.read("annotations", document.annotations);
-    value.read("box", document.box);
+    setTitle(document, utf16FromUtf8(std::string(fileName.begin(), fileName.end())));
+    document.configurations = {defaultConfiguration()};
+    const auto part = [&](const auto& made) { return only(DocumentKind::part, value, made); };
+    const auto assembly = [&](const auto& made) { return only(DocumentKind::assembly, value, made); };
+    value.readObject(
+        inTurn(kTitle, key("title", readTitle)),
+        inTurn(kActiveConfiguration,
+               key("activeConfiguration", document.activeConfiguration, readActiveConfiguration)),
+        inTurn(kConfigurations, key("configurations", document.configurations, readConfigurations)),
+        part(inTurn(kBodies, key("bodies", readBodies))), assembly(key("components", document.components)),
+        assembly(key("root", document.root)), inTurn(kFeatures, key("features", readFeatures)),
+        key("appearances", document.appearances), key("decals", document.decals),
+        key("view", document.view, readView), key("namedViews", document.namedViews, readNamedViews),
+        key("lights", document.lights), key("motionStudies", document.motionStudies),
+        assembly(key("explodedViews", document.explodedViews)),
+        key("designTable", document.designTable, readDesignTable), key("annotations", document.annotations),
+        key("box", document.box));
 }
 
 } // namespace orvane::json

@@ -2,64 +2,86 @@
 
 #include "model/json/DocumentContext.h"
 #include "model/json/JsonCursor.h"
+#include "model/json/ShownText.h"
 #include "model/json/ViewJson.h"
+#include "model/records/ModelError.h"
+#include "platform/Utf8.h"
 
 namespace orvane::json {
 
 void readValue(const JsonCursor& value, CommentRecord& comment) {
-    value.expectObject({"name", "text"});
-    value.read("name", comment.name);
-    value.read("text", comment.text);
+    value.readObject(key("name", comment.name), key("text", comment.text));
 }
 
 namespace {
 
-// The lists nest no deeper than the brackets of the text, which its reader limits.
-void readBranch(const JsonCursor& list, std::int32_t parent) {
-    std::vector<FeatureRecord>& features = list.context().document->features;
-    list.forEachItem([&](const JsonCursor& value) {
-        value.expectObject({"name", "type", "features", "camera", "comments", "definition"});
-        const auto own = static_cast<std::int32_t>(features.size());
-        FeatureRecord& feature = features.emplace_back();
-        feature.parent = parent;
-        value.read("name", feature.name);
-        value.read("type", feature.type);
-        value.read("camera", feature.camera);
-        value.read("comments", feature.comments);
-        list.context().features.emplace(feature.name, own);
-        value.with("features", [&](const JsonCursor& subFeatures) { readBranch(subFeatures, own); });
-    });
-}
+/// A seed, which may stand anywhere in the tree: looked up when all names are known.
+struct SeedMention {
+    std::size_t feature = 0, seed = 0; ///< positions of the feature and of its seed
+    std::u16string name;
+    std::string place; ///< JSON path
+};
 
-void readDefinition(const JsonCursor& value, FeatureDefinitionRecord& definition) {
-    value.expectObject({"propagate", "seeds"});
-    value.read("propagate", definition.propagate);
-    value.with("seeds", [&](const JsonCursor& seeds) {
-        seeds.forEachItem([&](const JsonCursor& seed) {
-            definition.seeds.push_back(seed.isNull() ? -1 : featureNamed(seed));
-        });
-    });
-}
+class FeatureTreeReader {
+public:
+    explicit FeatureTreeReader(DocumentContext& context)
+        : context_(context), features_(context.document->features) {}
 
-/// Definitions name features anywhere in the tree, so they are read when all names are known, in the same
-/// order.
-void readDefinitions(const JsonCursor& list, std::size_t& position) {
-    list.forEachItem([&](const JsonCursor& value) {
-        FeatureRecord& feature = list.context().document->features[position++];
-        value.with("definition", [&](const JsonCursor& definition) {
-            readDefinition(definition, feature.definition.emplace());
+    void read(const JsonCursor& list) {
+        readBranch(list, -1);
+        for (std::size_t i = 0; i < features_.size(); ++i) {
+            context_.features.emplace(features_[i].name, static_cast<std::int32_t>(i));
+        }
+        for (const SeedMention& mention : seeds_) {
+            const auto entry = context_.features.find(mention.name);
+            if (entry == context_.features.end()) {
+                throw ModelError(context_.file, mention.place, inQuotes(utf8FromUtf16(mention.name)),
+                                 "the name of a feature of this document");
+            }
+            features_[mention.feature].definition->seeds[mention.seed] = entry->second;
+        }
+    }
+
+private:
+    // The lists nest no deeper than the brackets of the text, which its reader limits.
+    void readBranch(const JsonCursor& list, std::int32_t parent) {
+        list.forEachItem([&](const JsonCursor& value) {
+            const std::size_t own = features_.size();
+            features_.emplace_back();
+            FeatureRecord feature;
+            feature.parent = parent;
+            value.readObject(
+                key("name", feature.name), key("type", feature.type),
+                key("features",
+                    [&](const JsonCursor& branch) { readBranch(branch, static_cast<std::int32_t>(own)); }),
+                key("camera", feature.camera), key("comments", feature.comments),
+                key("definition", [&](const JsonCursor& definition) {
+                    readDefinition(definition, own, feature.definition.emplace());
+                }));
+            features_[own] = std::move(feature);
         });
-        value.with("features",
-                   [&](const JsonCursor& subFeatures) { readDefinitions(subFeatures, position); });
-    });
-}
+    }
+
+    void readDefinition(const JsonCursor& value, std::size_t own, FeatureDefinitionRecord& definition) {
+        const auto readSeed = [&](const JsonCursor& seed) {
+            if (!seed.isNull()) {
+                seeds_.push_back({own, definition.seeds.size(), utf16FromUtf8(seed.utf8()), seed.path()});
+            }
+            definition.seeds.push_back(-1);
+        };
+        value.readObject(key("propagate", definition.propagate),
+                         key("seeds", [&](const JsonCursor& seeds) { seeds.forEachItem(readSeed); }));
+    }
+
+    DocumentContext& context_;
+    std::vector<FeatureRecord>& features_;
+    std::vector<SeedMention> seeds_;
+};
 
 } // namespace
 
 void readFeatures(const JsonCursor& list) {
-    readBranch(list, -1);
-    std::size_t position = 0;
-    readDefinitions(list, position);
+    FeatureTreeReader(list.context()).read(list);
 }
 
 } // namespace orvane::json

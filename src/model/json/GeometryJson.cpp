@@ -4,7 +4,8 @@
 #include "model/json/JsonCursor.h"
 #include "model/json/PlacementJson.h"
 #include "model/json/Shapes.h"
-#include "platform/Utf8.h"
+#include "model/records/ModelDefaults.h"
+#include "model/records/PlaneNormals.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,24 +18,6 @@ namespace {
 std::vector<float> narrowed(const std::vector<double>& values) {
     std::vector<float> out(values.size());
     std::ranges::transform(values, out.begin(), [](double value) { return static_cast<float>(value); });
-    return out;
-}
-
-/// Every triangle's own normal, three times: `(b - a) x (c - a)` divided by its length; zeros where that is
-/// 0.
-std::vector<float> planeNormals(const std::vector<double>& positions) {
-    std::vector<float> out(positions.size());
-    for (std::size_t at = 0; at < positions.size(); at += 9) {
-        const double* p = &positions[at];
-        const Vector3 ab = {p[3] - p[0], p[4] - p[1], p[5] - p[2]};
-        const Vector3 ac = {p[6] - p[0], p[7] - p[1], p[8] - p[2]};
-        const Vector3 n = {ab[1] * ac[2] - ab[2] * ac[1], ab[2] * ac[0] - ab[0] * ac[2],
-                           ab[0] * ac[1] - ab[1] * ac[0]};
-        const double length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
-        for (std::size_t i = 0; i < 9 && length > 0; ++i) {
-            out[at + i] = static_cast<float>(n[i % 3] / length);
-        }
-    }
     return out;
 }
 
@@ -61,82 +44,79 @@ double readLength(const JsonCursor& value) {
     return length;
 }
 
-struct ShapeFrame {
-    Placement placement = kIdentityPlacement;
-    int segments = 32;
-};
-
-ShapeFrame readFrame(const JsonCursor& shape) {
+std::int32_t readSegments(const JsonCursor& value) {
     // A thousand segments give a torus of two million triangles.
     constexpr std::int64_t kFewest = 3, kMost = 1000;
-    ShapeFrame frame;
-    shape.read("placement", frame.placement);
-    shape.with("segments", [&](const JsonCursor& value) {
-        frame.segments = static_cast<int>(value.integer(kFewest, kMost));
-    });
-    return frame;
+    return static_cast<std::int32_t>(value.integer(kFewest, kMost));
 }
 
-std::vector<FaceRecord> readBox(const JsonCursor& shape) {
-    shape.expectObject({"size", "placement", "segments"});
+Vector3 readSize(const JsonCursor& list) {
     Vector3 size{};
-    const JsonCursor list = shape.require("size");
     list.numbers(size);
     list.forEachItem(readLength);
-    return boxFaces(size, readFrame(shape).placement);
+    return size;
 }
 
-std::vector<FaceRecord> readCylinder(const JsonCursor& shape) {
-    shape.expectObject({"radius", "height", "placement", "segments"});
-    const ShapeFrame frame = readFrame(shape);
-    return cylinderFaces(readLength(shape.require("radius")), readLength(shape.require("height")),
-                         frame.segments, frame.placement);
-}
-
-std::vector<FaceRecord> readSphere(const JsonCursor& shape) {
-    shape.expectObject({"radius", "placement", "segments"});
-    const ShapeFrame frame = readFrame(shape);
-    return sphereFaces(readLength(shape.require("radius")), frame.segments, frame.placement);
-}
-
-std::vector<FaceRecord> readCone(const JsonCursor& shape) {
-    shape.expectObject({"radius", "height", "placement", "segments"});
-    const ShapeFrame frame = readFrame(shape);
-    return coneFaces(readLength(shape.require("radius")), readLength(shape.require("height")), frame.segments,
-                     frame.placement);
-}
-
-std::vector<FaceRecord> readTorus(const JsonCursor& shape) {
-    shape.expectObject({"radius", "tube", "placement", "segments"});
-    const ShapeFrame frame = readFrame(shape);
-    return torusFaces(readLength(shape.require("radius")), readLength(shape.require("tube")), frame.segments,
-                      frame.placement);
-}
-
-std::vector<FaceRecord> readShape(const JsonCursor& value) {
-    value.expectObject({"box", "cylinder", "sphere", "cone", "torus"});
-    std::vector<FaceRecord> faces;
-    int shapes = 0;
-    const auto take = [&](std::string_view key, std::vector<FaceRecord> (*read)(const JsonCursor&)) {
-        value.with(key, [&](const JsonCursor& shape) {
-            faces = read(shape);
-            ++shapes;
-        });
-    };
-    take("box", readBox);
-    take("cylinder", readCylinder);
-    take("sphere", readSphere);
-    take("cone", readCone);
-    take("torus", readTorus);
-    if (shapes != 1) {
-        value.fail(std::to_string(shapes) + " shapes", "one");
-    }
+void expectFinite(const std::vector<FaceRecord>& faces, const JsonCursor& shape) {
     const auto isFinite = [](float number) { return std::isfinite(number); };
     if (!std::ranges::all_of(
             faces, [&](const FaceRecord& face) { return std::ranges::all_of(face.positions, isFinite); })) {
-        value.fail("a shape that reaches beyond 32-bit floating point", "a smaller one");
+        shape.fail("a shape that reaches beyond 32-bit floating point", "a smaller one");
     }
+}
+
+struct ShapeSizes {
+    Vector3 size{};
+    double radius = 0, height = 0, tube = 0;
+    Placement placement = kIdentityPlacement;
+    std::int32_t segments = 32;
+};
+
+std::vector<FaceRecord> makeBox(const ShapeSizes& of) {
+    return boxFaces(of.size, of.placement);
+}
+std::vector<FaceRecord> makeCylinder(const ShapeSizes& of) {
+    return cylinderFaces(of.radius, of.height, of.segments, of.placement);
+}
+std::vector<FaceRecord> makeSphere(const ShapeSizes& of) {
+    return sphereFaces(of.radius, of.segments, of.placement);
+}
+std::vector<FaceRecord> makeCone(const ShapeSizes& of) {
+    return coneFaces(of.radius, of.height, of.segments, of.placement);
+}
+std::vector<FaceRecord> makeTorus(const ShapeSizes& of) {
+    return torusFaces(of.radius, of.tube, of.segments, of.placement);
+}
+
+std::vector<FaceRecord> readShape(const JsonCursor& value) {
+    ShapeSizes of;
+    const auto size = required(key("size", of.size, readSize));
+    const auto radius = required(key("radius", of.radius, readLength));
+    const auto height = required(key("height", of.height, readLength));
+    const auto tube = required(key("tube", of.tube, readLength));
+    std::vector<FaceRecord> faces;
+    int shapes = 0;
+    const auto shape = [&](const char* name, auto makeFaces, auto... sizes) {
+        return key(name, [&, makeFaces, sizes...](const JsonCursor& entry) {
+            entry.readObject(sizes..., key("placement", of.placement),
+                             key("segments", of.segments, readSegments));
+            faces = makeFaces(of);
+            ++shapes;
+        });
+    };
+    value.readObject(shape("box", makeBox, size), shape("cylinder", makeCylinder, radius, height),
+                     shape("sphere", makeSphere, radius), shape("cone", makeCone, radius, height),
+                     shape("torus", makeTorus, radius, tube));
+    if (shapes != 1) {
+        value.fail(std::to_string(shapes) + " shapes", "one");
+    }
+    expectFinite(faces, value);
     return faces;
+}
+
+BodyKind readBodyKind(const JsonCursor& value) {
+    return readWord<BodyKind>(
+        value, {{"solid", BodyKind::solid}, {"surface", BodyKind::surface}, {"wire", BodyKind::wire}});
 }
 
 std::vector<FaceRecord> readShapeFileOf(const JsonCursor& name) {
@@ -151,47 +131,50 @@ std::vector<FaceRecord> readShapeFileOf(const JsonCursor& name) {
 
 // Reached through the list template, hence not hidden in the file.
 void readValue(const JsonCursor& value, FaceRecord& face) {
-    value.expectObject({"positions", "normals", "texCoords", "feature", "userValue"});
-    const std::vector<double> positions = value.require("positions").floatNumbers(9);
-    const std::size_t triangles = positions.size() / 9;
+    std::vector<double> positions;
+    const auto readPositions = [](const JsonCursor& list) { return list.floatNumbers(9); };
+    const auto perTriangle = [&](std::size_t step) {
+        return [&positions, step](const JsonCursor& list) {
+            return readPerTriangle(list, positions.size() / 9, step);
+        };
+    };
+    value.readObject(
+        required(key("positions", positions, readPositions)), key("normals", face.normals, perTriangle(9)),
+        key("texCoords", face.texCoords, perTriangle(6)), key("feature", face.feature, featureNamed),
+        key("userValue", face.userValue, readUserValue));
     face.positions = narrowed(positions);
-    if (const auto normals = value.find("normals")) {
-        face.normals = readPerTriangle(*normals, triangles, 9);
-    } else {
+    if (face.normals.empty()) {
         face.normals = planeNormals(positions);
     }
-    value.with("texCoords",
-               [&](const JsonCursor& list) { face.texCoords = readPerTriangle(list, triangles, 6); });
-    value.with("feature", [&](const JsonCursor& name) { face.feature = featureNamed(name); });
-    value.with("userValue", [&](const JsonCursor& number) { face.userValue = readUserValue(number); });
 }
 
 void readValue(const JsonCursor& value, BodyRecord& body) {
-    value.expectObject({"name", "kind", "visible", "faces", "shape", "file"});
-    if (value.has("faces") + value.has("shape") + value.has("file") > 1) {
-        value.fail("more than one of \"faces\", \"shape\", \"file\"", "one of them");
-    }
-    value.read("name", body.name);
-    value.with("kind", [&](const JsonCursor& kind) {
-        body.kind = readWord<BodyKind>(
-            kind, {{"solid", BodyKind::solid}, {"surface", BodyKind::surface}, {"wire", BodyKind::wire}});
-    });
-    value.read("visible", body.visible);
-    value.read("faces", body.faces);
-    value.with("shape", [&](const JsonCursor& shape) { body.faces = readShape(shape); });
-    value.with("file", [&](const JsonCursor& name) { body.faces = readShapeFileOf(name); });
+    int sources = 0;
+    const auto from = [&](auto read) {
+        return [&, read](const JsonCursor& source) {
+            if (++sources > 1) {
+                value.fail("more than one of \"faces\", \"shape\", \"file\"", "one of them");
+            }
+            return read(source);
+        };
+    };
+    value.readObject(
+        key("name", body.name), key("kind", body.kind, readBodyKind), key("visible", body.visible),
+        key("faces", body.faces, from(valueAs<std::vector<FaceRecord>>)),
+        key("shape", body.faces, from(readShape)), key("file", body.faces, from(readShapeFileOf)));
 }
 
 void readBodies(const JsonCursor& list) {
     DocumentContext& context = list.context();
     std::vector<BodyRecord>& bodies = context.document->bodies;
-    readValue(list, bodies);
-    for (std::size_t i = 0; i < bodies.size(); ++i) {
-        if (!list.at(i).has("name")) {
-            bodies[i].name = utf16FromUtf8("Body" + std::to_string(i + 1));
-        }
-        context.bodies.emplace(bodies[i].name, static_cast<std::int32_t>(i));
-    }
+    bodies.reserve(list.listSize());
+    list.forEachItem([&](const JsonCursor& value) {
+        const std::size_t position = bodies.size();
+        BodyRecord& body = bodies.emplace_back();
+        body.name = defaultBodyName(position);
+        readValue(value, body);
+        context.bodies.emplace(body.name, static_cast<std::int32_t>(position));
+    });
 }
 
 } // namespace orvane::json

@@ -1,7 +1,7 @@
 #include "model/json/JsonCursor.h"
 
 #include "model/json/DocumentContext.h"
-#include "model/json/Utf8Check.h"
+#include "model/json/ShownText.h"
 #include "model/records/ModelError.h"
 #include "platform/Utf8.h"
 
@@ -45,19 +45,15 @@ bool JsonCursor::isObject() const {
     return value_->is_object();
 }
 
-void JsonCursor::expectObject(std::initializer_list<std::string_view> keys) const {
+void JsonCursor::expectKeys(std::initializer_list<std::string_view> keys) const {
     if (!isObject()) {
         mismatch("an object");
     }
     for (const auto& [key, value] : value_->get_ref<const Json::object_t&>()) {
         if (std::ranges::find(keys, key) == keys.end()) {
-            fail("the key \"" + shortened(key) + '"', (keys.size() == 1 ? "" : "one of ") + quotedList(keys));
+            fail("the key " + inQuotes(key), "one of " + quotedList(keys));
         }
     }
-}
-
-bool JsonCursor::has(std::string_view key) const {
-    return find(key).has_value();
 }
 
 std::optional<JsonCursor> JsonCursor::find(std::string_view key) const {
@@ -69,15 +65,7 @@ std::optional<JsonCursor> JsonCursor::find(std::string_view key) const {
     return JsonCursor(entry->second, *this, &entry->first, 0);
 }
 
-JsonCursor JsonCursor::require(std::string_view key) const {
-    const auto entry = find(key);
-    if (!entry) {
-        fail("no \"" + std::string(key) + '"', "it to be given");
-    }
-    return *entry;
-}
-
-std::vector<std::string_view> JsonCursor::keys() const {
+std::vector<std::string_view> JsonCursor::names() const {
     if (!isObject()) {
         mismatch("an object");
     }
@@ -185,32 +173,17 @@ std::string JsonCursor::description() const {
         return value_->empty() ? "an empty list" : "a list of " + std::to_string(value_->size());
     }
     if (isText()) {
-        return '"' + shortened(utf8()) + '"';
+        return inQuotes(utf8());
     }
     return value_->dump();
 }
 
 void JsonCursor::fail(const std::string& found, const std::string& expected) const {
-    const std::string place = path();
-    throw ModelError(shownPath(context_->file) + ": " + (place.empty() ? "" : place + ": ") + "found " +
-                     found + ", expected " + expected);
+    throw ModelError(context_->file, path(), found, expected);
 }
 
 void JsonCursor::mismatch(const std::string& expected) const {
     fail(description(), expected);
-}
-
-std::string shownPath(const std::filesystem::path& file) {
-    const std::u8string text = file.generic_u8string();
-    return {text.begin(), text.end()};
-}
-
-std::string shownPathSegment(std::string_view key) {
-    std::string out;
-    for (const char c : shortened(key)) {
-        out += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
-    }
-    return out;
 }
 
 void readValue(const JsonCursor& value, bool& out) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "model/json/JsonKey.h"
+
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <filesystem>
 #include <initializer_list>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
@@ -31,31 +33,25 @@ public:
     bool isList() const;
     bool isObject() const;
 
-    /// Refuses anything but an object that has none but these keys.
-    void expectObject(std::initializer_list<std::string_view> keys) const;
-    bool has(std::string_view key) const;
-    std::optional<JsonCursor> find(std::string_view key) const;
-    JsonCursor require(std::string_view key) const;
+    /// Reads an object. The keys stand in the order in which messages list them; each one that the object has
+    /// is read in its turn, those of one turn as they are listed. Anything but an object and any other key is
+    /// refused before the first is read. There is no other way to the entries of a record, so none is read
+    /// that is not listed.
+    template <typename... Read>
+    void readObject(const JsonKey<Read>&... keys) const {
+        expectKeys({keys.name...});
+        const int last = std::max({keys.turn...});
+        for (int turn = std::min({keys.turn...}); turn <= last; ++turn) {
+            ((keys.turn == turn ? readEntry(keys) : void()), ...);
+        }
+    }
 
-    /// Reads an entry of an object into `field`, which keeps its value where there is no such key.
-    template <typename T>
-    void read(std::string_view key, T& field) const {
-        if (const auto entry = find(key)) {
-            readValue(*entry, field);
-        }
-    }
-    /// Calls `use` with an entry of an object, where there is such a key.
-    template <typename Use>
-    void with(std::string_view key, Use&& use) const {
-        if (const auto entry = find(key)) {
-            std::forward<Use>(use)(*entry);
-        }
-    }
-    /// Calls `use` with the name and the value of every entry of an object, in the order of the names.
+    /// Calls `use` with the name and the value of every entry of an object, in the order of the names: for an
+    /// object that is a table, whose keys are the user's.
     template <typename Use>
     void forEachEntry(Use&& use) const {
-        for (const std::string_view key : keys()) {
-            use(key, require(key));
+        for (const std::string_view name : names()) {
+            use(name, *find(name));
         }
     }
 
@@ -95,7 +91,18 @@ private:
                std::size_t index)
         : value_(&value), context_(parent.context_), parent_(&parent), key_(key), index_(index) {}
 
-    std::vector<std::string_view> keys() const;
+    template <typename Read>
+    void readEntry(const JsonKey<Read>& key) const {
+        if (const auto entry = find(key.name)) {
+            key.read(*entry);
+        } else if (key.isRequired) {
+            fail("no \"" + std::string(key.name) + '"', "it to be given");
+        }
+    }
+
+    void expectKeys(std::initializer_list<std::string_view> keys) const;
+    std::optional<JsonCursor> find(std::string_view key) const;
+    std::vector<std::string_view> names() const;
     void appendPath(std::string& out) const;
     std::string description() const;
 
@@ -105,12 +112,6 @@ private:
     const std::string* key_ = nullptr; ///< of this entry in its object; null for an item of a list
     std::size_t index_ = 0;
 };
-
-/// A file's name for messages, in UTF-8, as it was given.
-std::string shownPath(const std::filesystem::path& file);
-
-/// One step of a JSON path as RFC 6901 escapes it, shortened.
-std::string shownPathSegment(std::string_view key);
 
 void readValue(const JsonCursor& value, bool& out);
 void readValue(const JsonCursor& value, double& out);
@@ -124,12 +125,21 @@ void readValue(const JsonCursor& value, std::optional<T>& out) {
     readValue(value, out.emplace());
 }
 
-/// The list is made as long as it gets before the first item is read: addresses that are taken of items stay
-/// true.
+/// Replaces what the list held. It is made as long as it gets before the first item is read: addresses that
+/// are taken of items stay true.
 template <typename T>
 void readValue(const JsonCursor& value, std::vector<T>& out) {
+    out.clear();
     out.reserve(value.listSize());
     value.forEachItem([&](const JsonCursor& item) { readValue(item, out.emplace_back()); });
+}
+
+/// The value, where there is no field that takes it.
+template <typename T>
+T valueAs(const JsonCursor& value) {
+    T out{};
+    readValue(value, out);
+    return out;
 }
 
 /// A text out of a table of words.

@@ -1,8 +1,8 @@
 #include "model/json/JsonText.h"
 
-#include "model/json/JsonCursor.h"
-#include "model/json/Utf8Check.h"
+#include "model/json/ShownText.h"
 #include "model/records/ModelError.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <fstream>
@@ -19,18 +19,17 @@ std::string readWholeFile(const std::filesystem::path& file) {
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
     if (!std::filesystem::exists(status)) {
-        throw ModelError(shownPath(file) + ": found no file, expected a model document");
+        throw ModelError(file, "", "no file", "a model document");
     }
     if (!std::filesystem::is_regular_file(status)) {
-        throw ModelError(shownPath(file) + ": found " +
-                         (std::filesystem::is_directory(status) ? "a folder" : "a special file") +
-                         ", expected a model document");
+        throw ModelError(file, "", std::filesystem::is_directory(status) ? "a folder" : "a special file",
+                         "a model document");
     }
     std::ifstream in(file, std::ios::binary);
     const auto size = std::filesystem::file_size(file, error);
     std::string text(error ? 0 : static_cast<std::size_t>(size), '\0');
     if (error || !in.read(text.data(), static_cast<std::streamsize>(text.size()))) {
-        throw ModelError(shownPath(file) + ": found a file that cannot be read, expected a model document");
+        throw ModelError(file, "", "a file that cannot be read", "a model document");
     }
     return text;
 }
@@ -60,7 +59,7 @@ std::string describeText(std::string_view text, std::size_t at) {
         }
     }
     const std::string_view word = text.substr(first, last - first);
-    return '"' + shortened(word.substr(0, wellFormedLength(word))) + '"';
+    return inQuotes(word.substr(0, wellFormedUtf8Length(word)));
 }
 
 /// Builds the tree while the text is parsed, and refuses what the parser would let pass.
@@ -88,8 +87,7 @@ public:
         Level& level = levels_.back();
         const auto [entry, isNew] = level.container->get_ref<Json::object_t&>().emplace(name, nullptr);
         if (!isNew) {
-            throw ModelError(messageHead() + "found the key \"" + shortened(name) +
-                             "\" twice, expected it once");
+            throw ModelError(file_, path(), "the key " + inQuotes(name) + " twice", "it once");
         }
         level.key = &entry->first;
         level.slot = &entry->second;
@@ -107,14 +105,14 @@ public:
             refuse(read.size() - 1, describeText(text_, read.size() - 1),
                    "a number within 64-bit floating point");
         }
-        if (const std::size_t good = wellFormedLength(text_); good < read.size()) {
+        if (const std::size_t good = wellFormedUtf8Length(text_); good < read.size()) {
             refuse(good,
                    "a byte that is not UTF-8 (value " +
                        std::to_string(static_cast<unsigned char>(text_[good])) + ")",
                    "UTF-8 text");
         }
         if (text_.find_first_not_of(" \t\r\n") == std::string_view::npos) {
-            throw ModelError(shownPath(file_) + ": found an empty file, expected a JSON object");
+            throw ModelError(file_, "", "an empty file", "a JSON object");
         }
         if (at >= text_.size()) {
             refuse(text_.size() - 1, "the end of the file", expectation());
@@ -150,8 +148,9 @@ private:
 
     bool open(Json&& container) {
         if (levels_.size() == kMostOpenBrackets) {
-            throw ModelError(messageHead() + "found more than " + std::to_string(kMostOpenBrackets) +
-                             " brackets open at once, expected fewer");
+            throw ModelError(file_, path(),
+                             "more than " + std::to_string(kMostOpenBrackets) + " brackets open at once",
+                             "fewer");
         }
         levels_.push_back({&put(std::move(container)), nullptr, nullptr});
         return true;
@@ -162,15 +161,15 @@ private:
         return true;
     }
 
-    /// The file and the path of the container at hand.
-    std::string messageHead() const {
+    /// The path of the container at hand, or its head.
+    std::string path() const {
         std::string path;
         for (std::size_t i = 0; i + 1 < levels_.size() && path.size() < 60; ++i) {
             const Level& level = levels_[i];
             path += '/' + (level.key != nullptr ? shownPathSegment(*level.key)
                                                 : std::to_string(level.container->size() - 1));
         }
-        return shownPath(file_) + ": " + (path.empty() ? "" : path + ": ");
+        return path;
     }
 
     std::string expectation() const {
@@ -185,8 +184,9 @@ private:
         const std::string_view before = text_.substr(0, at);
         const auto line = std::ranges::count(before, '\n') + 1;
         const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
-        throw ModelError(shownPath(file_) + ": line " + std::to_string(line) + ", column " +
-                         std::to_string(at - lineStart + 1) + ": found " + found + ", expected " + expected);
+        throw ModelError(file_,
+                         "line " + std::to_string(line) + ", column " + std::to_string(at - lineStart + 1),
+                         found, expected);
     }
 
     const std::filesystem::path& file_;

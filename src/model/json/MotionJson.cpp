@@ -8,65 +8,55 @@
 
 namespace orvane::json {
 
-void readValue(const JsonCursor& value, TrackKey& key) {
-    value.expectObject({"time", "placement"});
-    value.read("time", key.time);
-    value.read("placement", key.placement);
+void readValue(const JsonCursor& value, TrackKey& frame) {
+    value.readObject(key("time", frame.time), key("placement", frame.placement));
 }
 
 namespace {
 
 /// The host answers a rate as a 32-bit number, and a clock does not run backwards.
-void readFrameRate(const JsonCursor& value, std::int32_t& frameRate) {
-    value.with("frameRate", [&](const JsonCursor& rate) {
-        frameRate = static_cast<std::int32_t>(rate.integer(0, std::numeric_limits<std::int32_t>::max()));
-    });
+std::int32_t readFrameRate(const JsonCursor& value) {
+    return static_cast<std::int32_t>(value.integer(0, std::numeric_limits<std::int32_t>::max()));
 }
 
-void readKeys(const JsonCursor& list, std::vector<TrackKey>& keys) {
-    readValue(list, keys);
+std::vector<TrackKey> readKeys(const JsonCursor& list) {
+    auto keys = valueAs<std::vector<TrackKey>>(list);
     for (std::size_t i = 1; i < keys.size(); ++i) {
         if (!(keys[i - 1].time < keys[i].time)) {
             list.at(i).fail("a key that is not later than the one before", "keys in ascending time order");
         }
     }
+    return keys;
+}
+
+TrackInterpolation readInterpolation(const JsonCursor& value) {
+    return readWord<TrackInterpolation>(
+        value, {{"linear", TrackInterpolation::linear}, {"step", TrackInterpolation::step}});
 }
 
 } // namespace
 
 void readValue(const JsonCursor& value, TrackRecord& track) {
-    value.expectObject({"component", "interpolation", "keys"});
-    value.with("component",
-               [&](const JsonCursor& fullName) { track.component = mentionComponent(fullName); });
-    value.with("interpolation", [&](const JsonCursor& word) {
-        track.interpolation = readWord<TrackInterpolation>(
-            word, {{"linear", TrackInterpolation::linear}, {"step", TrackInterpolation::step}});
-    });
-    value.with("keys", [&](const JsonCursor& list) { readKeys(list, track.keys); });
+    value.readObject(key("component", track.component, mentionComponent),
+                     key("interpolation", track.interpolation, readInterpolation),
+                     key("keys", track.keys, readKeys));
 }
 
 void readValue(const JsonCursor& value, MotionStudyRecord& study) {
-    value.expectObject({"name", "duration", "frameRate", "time", "tracks"});
-    value.read("name", study.name);
-    value.read("duration", study.duration);
-    readFrameRate(value, study.frameRate);
-    value.read("time", study.time);
-    value.read("tracks", study.tracks);
+    value.readObject(key("name", study.name), key("duration", study.duration),
+                     key("frameRate", study.frameRate, readFrameRate), key("time", study.time),
+                     key("tracks", study.tracks));
     std::erase_if(study.tracks,
                   [](const TrackRecord& track) { return track.keys.empty() || track.component.empty(); });
 }
 
 void readValue(const JsonCursor& value, ExplodeStepRecord& step) {
-    value.expectObject({"components", "translate"});
-    value.with("components", [&](const JsonCursor& names) { step.components = mentionComponents(names); });
-    value.read("translate", step.translate);
+    value.readObject(key("components", step.components, mentionComponents), key("translate", step.translate));
 }
 
 void readValue(const JsonCursor& value, ExplodedViewRecord& view) {
-    value.expectObject({"name", "frameRate", "steps"});
-    value.read("name", view.name);
-    readFrameRate(value, view.frameRate);
-    value.read("steps", view.steps);
+    value.readObject(key("name", view.name), key("frameRate", view.frameRate, readFrameRate),
+                     key("steps", view.steps));
 }
 
 } // namespace orvane::json

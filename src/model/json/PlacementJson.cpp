@@ -10,15 +10,18 @@ namespace orvane::json {
 
 namespace {
 
+Vector3 readAxis(const JsonCursor& value) {
+    const auto axis = valueAs<Vector3>(value);
+    if (axis == Vector3{}) {
+        value.fail("an axis of length 0", "a direction");
+    }
+    return axis;
+}
+
 void readRotation(const JsonCursor& rotate, Placement& out) {
-    rotate.expectObject({"axis", "degrees"});
     Vector3 axis = {0, 0, 1};
     double degrees = 0;
-    rotate.read("axis", axis);
-    rotate.read("degrees", degrees);
-    if (axis == Vector3{}) {
-        rotate.require("axis").fail("an axis of length 0", "a direction");
-    }
+    rotate.readObject(key("axis", axis, readAxis), key("degrees", degrees));
     std::ranges::copy(rotationBlock(axis, degrees), out.begin());
 }
 
@@ -74,13 +77,12 @@ void readValue(const JsonCursor& value, Placement& out) {
     if (!value.isObject()) {
         value.mismatch("a list of 16 numbers or an object");
     }
-    value.expectObject({"translate", "rotate", "scale"});
     out = kIdentityPlacement;
     Vector3 translation{};
-    value.read("translate", translation);
+    value.readObject(key("translate", translation),
+                     key("rotate", [&](const JsonCursor& rotate) { readRotation(rotate, out); }),
+                     key("scale", out[12]));
     std::ranges::copy(translation, out.begin() + 9);
-    value.with("rotate", [&](const JsonCursor& rotate) { readRotation(rotate, out); });
-    value.read("scale", out[12]);
 }
 
 } // namespace orvane::json

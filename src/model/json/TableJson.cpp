@@ -19,38 +19,41 @@ std::optional<std::u16string> readCell(const JsonCursor& value) {
     return text;
 }
 
-std::vector<std::optional<std::u16string>> readRow(const JsonCursor& list) {
-    std::vector<std::optional<std::u16string>> row;
+using Row = std::vector<std::optional<std::u16string>>;
+
+Row readRow(const JsonCursor& list) {
+    Row row;
     list.forEachItem([&](const JsonCursor& cell) { row.push_back(readCell(cell)); });
     return row;
 }
 
-void readTableContent(const JsonCursor& value, TableRecord& table) {
-    value.with("title", [&](const JsonCursor& title) { table.title = readCell(title); });
-    value.with("headers", [&](const JsonCursor& headers) { table.headers = readRow(headers); });
-    value.with("rows", [&](const JsonCursor& rows) {
-        rows.forEachItem([&](const JsonCursor& row) { table.rows.push_back(readRow(row)); });
-    });
+std::vector<Row> readRows(const JsonCursor& list) {
+    std::vector<Row> rows;
+    list.forEachItem([&](const JsonCursor& row) { rows.push_back(readRow(row)); });
+    return rows;
+}
+
+/// The keys of every table, and those that this one has besides.
+template <typename... Read>
+void readTable(const JsonCursor& value, TableRecord& table, const JsonKey<Read>&... more) {
+    value.readObject(key("title", table.title, readCell), key("headers", table.headers, readRow),
+                     key("rows", table.rows, readRows), more...);
 }
 
 } // namespace
 
-void readDesignTable(const JsonCursor& value, TableRecord& table) {
-    value.expectObject({"title", "headers", "rows", "startRow", "startColumn", "attach"});
-    readTableContent(value, table);
-    value.read("startRow", table.startRow);
-    value.read("startColumn", table.startColumn);
-    value.read("attach", table.attach);
+TableRecord readDesignTable(const JsonCursor& value) {
+    TableRecord table;
+    readTable(value, table, key("startRow", table.startRow), key("startColumn", table.startColumn),
+              key("attach", table.attach));
+    return table;
 }
 
 void readValue(const JsonCursor& value, AnnotationRecord& annotation) {
-    value.expectObject({"type", "table"});
     annotation.type = kTableAnnotation;
-    value.read("type", annotation.type);
-    value.with("table", [&](const JsonCursor& content) {
-        content.expectObject({"title", "headers", "rows"});
-        readTableContent(content, annotation.table.emplace());
-    });
+    value.readObject(key("type", annotation.type), key("table", [&](const JsonCursor& table) {
+                         readTable(table, annotation.table.emplace());
+                     }));
     if (annotation.type != kTableAnnotation) {
         annotation.table.reset();
     }

@@ -1,7 +1,6 @@
 #include "model/records/InstanceTree.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace orvane {
 
@@ -19,38 +18,6 @@ void collectDocuments(const List& list, std::vector<const ModelDocument*>& out) 
             collectDocuments(*component.components, out);
         }
     }
-}
-
-/// All documents, each behind those that it refers to; without recursion, since chains of documents have any
-/// length.
-std::vector<const ModelDocument*> innermostFirst(const Model& model) {
-    struct Visit {
-        const ModelDocument* document = nullptr;
-        std::vector<const ModelDocument*> children;
-    };
-    std::vector<const ModelDocument*> out;
-    std::unordered_set<const ModelDocument*> seen;
-    std::vector<Visit> stack;
-    const auto enter = [&](const ModelDocument* document) {
-        if (seen.insert(document).second) {
-            collectDocuments(document->components, stack.emplace_back(Visit{document, {}}).children);
-        }
-    };
-    for (const auto& document : model.documents) {
-        enter(document.get());
-        while (!stack.empty()) {
-            Visit& visit = stack.back();
-            if (visit.children.empty()) {
-                out.push_back(visit.document);
-                stack.pop_back();
-            } else {
-                const ModelDocument* child = visit.children.back();
-                visit.children.pop_back();
-                enter(child);
-            }
-        }
-    }
-    return out;
 }
 
 TreeSize measureList(const List& list, const Sizes& documents) {
@@ -77,12 +44,32 @@ const List* childrenOf(const ComponentRecord& component) {
     return component.document != nullptr ? &component.document->components : nullptr;
 }
 
-Sizes measureTrees(const Model& model) {
-    Sizes sizes;
-    for (const ModelDocument* document : innermostFirst(model)) {
-        sizes[document] = measureList(document->components, sizes);
+// Without recursion, since chains of documents have any length: a document is measured when all that it
+// refers to are.
+TreeSize TreeSizes::of(const ModelDocument& document) {
+    struct Visit {
+        const ModelDocument* document = nullptr;
+        std::vector<const ModelDocument*> children;
+    };
+    std::vector<Visit> stack;
+    const auto enter = [&](const ModelDocument* next) {
+        if (!known_.contains(next)) {
+            collectDocuments(next->components, stack.emplace_back(Visit{next, {}}).children);
+        }
+    };
+    enter(&document);
+    while (!stack.empty()) {
+        Visit& visit = stack.back();
+        if (visit.children.empty()) {
+            known_[visit.document] = measureList(visit.document->components, known_);
+            stack.pop_back();
+        } else {
+            const ModelDocument* child = visit.children.back();
+            visit.children.pop_back();
+            enter(child);
+        }
     }
-    return sizes;
+    return known_[&document];
 }
 
 const ComponentNames::Index& ComponentNames::indexOf(const List& list) {

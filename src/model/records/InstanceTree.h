@@ -21,9 +21,15 @@ inline constexpr std::size_t kMostComponentLevels = 256;
 /// none.
 const std::vector<ComponentRecord>* childrenOf(const ComponentRecord& component);
 
-/// The size of every document's tree, without building any, in time linear in the records. Documents must not
-/// refer to themselves.
-std::unordered_map<const ModelDocument*, TreeSize> measureTrees(const Model& model);
+/// The sizes of documents' trees, without building any: each document is counted once, so that the cost is
+/// linear in the records. Documents must be read wholly and must not refer to themselves.
+class TreeSizes {
+public:
+    TreeSize of(const ModelDocument& document);
+
+private:
+    std::unordered_map<const ModelDocument*, TreeSize> known_;
+};
 
 /// Finds components by full name, also through instanced sub-assemblies.
 class ComponentNames {

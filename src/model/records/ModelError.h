@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -10,6 +11,10 @@ namespace orvane {
 class ModelError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+
+    /// `FILE: PLACE: found FOUND, expected EXPECTED`, without `PLACE: ` where that is empty.
+    ModelError(const std::filesystem::path& file, const std::string& place, const std::string& found,
+               const std::string& expected);
 };
 
 } // namespace orvane

@@ -1,7 +1,7 @@
 #include "model/step/ProductTree.h"
 
 #include "model/records/HostPath.h"
-#include "model/records/InstanceTree.h"
+#include "model/records/ModelDefaults.h"
 #include "model/records/ModelError.h"
 #include "model/step/KernelSession.h"
 #include "model/step/ShapeMesher.h"
@@ -14,7 +14,6 @@
 #include <gp_Trsf.hxx>
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace orvane::step {
 
@@ -54,20 +53,12 @@ std::u16string productName(const StepDocument& step, const TDF_Label& product) {
     return valueOr<std::u16string>(step.productNames, product, isAssembly ? u"Assembly" : u"Part");
 }
 
-std::u16string numberedBodyName(std::size_t position) {
-    std::u16string name = u"Body";
-    for (const char c : std::to_string(position + 1)) {
-        name += static_cast<char16_t>(c);
-    }
-    return name;
-}
-
 void nameBodies(const StepDocument& step, const PartMesh& mesh, std::vector<BodyRecord>& bodies) {
     std::vector<std::u16string> wanted;
     SiblingNames names;
     for (std::size_t i = 0; i < bodies.size(); ++i) {
         const std::u16string* name = step.shapeNames.Seek(mesh.sources[i].shape.Located(TopLoc_Location()));
-        wanted.push_back(name == nullptr ? numberedBodyName(i) : *name);
+        wanted.push_back(name == nullptr ? defaultBodyName(i) : *name);
         names.reserve(wanted.back());
     }
     for (std::size_t i = 0; i < bodies.size(); ++i) {
@@ -77,28 +68,6 @@ void nameBodies(const StepDocument& step, const PartMesh& mesh, std::vector<Body
 
 bool holdsCurves(const TopoDS_Shape& shape) {
     return TopExp_Explorer(shape, TopAbs_EDGE).More();
-}
-
-ConfigurationRecord defaultConfiguration() {
-    ConfigurationRecord configuration;
-    configuration.name = u"Default";
-    configuration.displayStates.emplace_back().name = u"Display State 1";
-    return configuration;
-}
-
-std::uint64_t countComponents(const ModelDocument& document,
-                              std::unordered_map<const ModelDocument*, std::uint64_t>& counted) {
-    if (const auto known = counted.find(&document); known != counted.end()) {
-        return known->second;
-    }
-    std::uint64_t count = document.components.size();
-    for (const ComponentRecord& component : document.components) {
-        if (component.document != nullptr) {
-            count = std::min(count + countComponents(*component.document, counted), kMostComponents + 1);
-        }
-    }
-    counted.emplace(&document, count);
-    return count;
 }
 
 } // namespace
@@ -209,18 +178,9 @@ void ProductTree::fillAssembly(File& file, const TDF_LabelSequence& instances, M
 ModelDocument& ProductTree::addDocument(const std::u16string& path, const std::u16string& title) {
     ModelDocument& document = *model_.documents.emplace_back(std::make_unique<ModelDocument>());
     document.path = path;
-    document.title = title;
-    document.root.name = title.substr(0, title.rfind(u'.'));
+    setTitle(document, title);
     document.configurations.push_back(defaultConfiguration());
     return document;
-}
-
-void limitComponentCount(const ModelDocument& document, const std::filesystem::path& file) {
-    std::unordered_map<const ModelDocument*, std::uint64_t> counted;
-    if (countComponents(document, counted) > kMostComponents) {
-        throw ModelError(file.string() + ": found more than " + std::to_string(kMostComponents) +
-                         " components in the whole tree, expected at most as many");
-    }
 }
 
 } // namespace orvane::step

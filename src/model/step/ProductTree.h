@@ -44,8 +44,4 @@ private:
     std::map<std::filesystem::path, const ModelDocument*> files_; ///< null while a file is being read
 };
 
-/// Throws `ModelError` naming `file` where the whole tree below `document` has more components than a host
-/// takes.
-void limitComponentCount(const ModelDocument& document, const std::filesystem::path& file);
-
 } // namespace orvane::step

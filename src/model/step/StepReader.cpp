@@ -1,5 +1,6 @@
 #include "model/step/StepReader.h"
 
+#include "model/records/InstanceTree.h"
 #include "model/records/ModelError.h"
 #include "model/step/KernelSession.h"
 #include "model/step/ProductTree.h"
@@ -33,7 +34,10 @@ const ModelDocument* readStepFile(const std::filesystem::path& file, const Meshi
                                   Model& model) {
     return withKernel(file, [&] {
         const ModelDocument* document = ProductTree(options, model).readFile(file);
-        limitComponentCount(*document, file);
+        if (TreeSizes().of(*document).components > kMostComponents) {
+            throw ModelError(file.string() + ": found more than " + std::to_string(kMostComponents) +
+                             " components in the whole tree, expected at most as many");
+        }
         return document;
     });
 }

@@ -9,13 +9,6 @@ namespace orvane::step {
 
 namespace {
 
-/// Whether the decoder had to put a replacement where the bytes have none.
-bool isUtf8(std::string_view bytes, std::u16string_view decoded) {
-    constexpr std::string_view kReplacementBytes = "\xEF\xBF\xBD";
-    return decoded.find(u'\uFFFD') == std::u16string_view::npos ||
-           bytes.find(kReplacementBytes) != std::string_view::npos;
-}
-
 std::u16string trimmed(const std::u16string& text) {
     const std::size_t first = text.find_first_not_of(u' ');
     return first == std::u16string::npos ? std::u16string()
@@ -50,9 +43,10 @@ std::u16string numbered(const std::u16string& name, unsigned number) {
 } // namespace
 
 std::u16string fromStepText(std::string_view bytes) {
-    std::u16string text = utf16FromUtf8(bytes);
-    if (!isUtf8(bytes, text)) {
-        text.clear();
+    std::u16string text;
+    if (wellFormedUtf8Length(bytes) == bytes.size()) {
+        text = utf16FromUtf8(bytes);
+    } else {
         for (const char c : bytes) {
             text += static_cast<unsigned char>(c);
         }

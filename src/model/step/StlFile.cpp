@@ -1,12 +1,11 @@
 #include "model/step/StlFile.h"
 
 #include "model/records/ModelError.h"
+#include "model/records/PlaneNormals.h"
 #include "platform/AsciiCase.h"
 
-#include <array>
 #include <bit>
 #include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <fstream>
 #include <iterator>
@@ -148,23 +147,6 @@ private:
     Words words_;
 };
 
-void appendPlaneNormal(const float* corners, std::vector<float>& normals) {
-    std::array<double, 3> a{};
-    std::array<double, 3> b{};
-    for (std::size_t i = 0; i < 3; ++i) {
-        a[i] = static_cast<double>(corners[3 + i]) - static_cast<double>(corners[i]);
-        b[i] = static_cast<double>(corners[6 + i]) - static_cast<double>(corners[i]);
-    }
-    std::array<double, 3> normal = {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
-                                    a[0] * b[1] - a[1] * b[0]};
-    const double length = std::sqrt(normal[0] * normal[0] + normal[1] * normal[1] + normal[2] * normal[2]);
-    for (int corner = 0; corner < 3; ++corner) {
-        for (const double value : normal) {
-            normals.push_back(length > 0 ? static_cast<float>(value / length) : 0.f);
-        }
-    }
-}
-
 } // namespace
 
 FaceRecord readStlFile(const std::filesystem::path& file) {
@@ -191,10 +173,7 @@ FaceRecord readStlFile(const std::filesystem::path& file) {
     if (face.positions.empty()) {
         throw ModelError(file.string() + ": found no triangle, expected at least one");
     }
-    face.normals.reserve(face.positions.size());
-    for (std::size_t at = 0; at < face.positions.size(); at += 9) {
-        appendPlaneNormal(&face.positions[at], face.normals);
-    }
+    face.normals = planeNormals(face.positions);
     return face;
 }
 
