@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace orvane {
+namespace orvane::document {
 
 namespace {
 
@@ -63,4 +63,4 @@ void writeAnimation(TextStream& out, const GltfAnimation& animation) {
         << "\t\t\t\t}";
 }
 
-} // namespace orvane
+} // namespace orvane::document

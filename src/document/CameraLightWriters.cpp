@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace orvane {
+namespace orvane::document {
 
 namespace {
 
@@ -61,4 +61,4 @@ void writeLight(TextStream& out, const GltfLight& light) {
         << "\t\t\t\t}";
 }
 
-} // namespace orvane
+} // namespace orvane::document

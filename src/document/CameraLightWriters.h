@@ -3,7 +3,7 @@
 #include "document/GltfRecords.h"
 #include "document/TextStream.h"
 
-namespace orvane {
+namespace orvane::document {
 
 /// Appends one camera, and a line feed.
 void writeCamera(TextStream& out, const GltfCamera& camera);
@@ -11,4 +11,4 @@ void writeCamera(TextStream& out, const GltfCamera& camera);
 /// Appends one light of `KHR_lights_punctual`, without a line feed at its end.
 void writeLight(TextStream& out, const GltfLight& light);
 
-} // namespace orvane
+} // namespace orvane::document

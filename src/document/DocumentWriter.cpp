@@ -48,7 +48,7 @@ void writeSceneExtensions(TextStream& out, const GltfScene& scene) {
     }
     if (!scene.customProperties.empty()) {
         out << "\n\t\t\t\t\"Tessaforge_custom_properties\": { \n";
-        writeCustomProperties(out, scene.customProperties);
+        document::writeCustomProperties(out, scene.customProperties);
         out << "\t\t\t\t}";
     }
     out << "\n\t\t\t}\n";
@@ -98,7 +98,8 @@ void writeCameras(TextStream& out, const GltfDocument& document, Progress& progr
         }
     }
     out << "\t\"cameras\": [\n";
-    writeAll(out, progress, cameras, ",\n", "", [&](const GltfCamera& camera) { writeCamera(out, camera); });
+    writeAll(out, progress, cameras, ",\n", "",
+             [&](const GltfCamera& camera) { document::writeCamera(out, camera); });
     out << "\t],\n";
 }
 
@@ -113,17 +114,17 @@ void writeExtensions(TextStream& out, const GltfDocument& document, Progress& pr
         out << "\t\t\"KHR_lights_punctual\" : {\n"
             << "\t\t\t\"lights\": [\n";
         writeAll(out, progress, document.lights, ",\n", "",
-                 [&](const GltfLight& light) { writeLight(out, light); });
+                 [&](const GltfLight& light) { document::writeLight(out, light); });
         out << "\n\t\t\t]\n" << (document.generalTables.empty() ? "\t\t}\n" : "\t\t},\n");
     }
     if (!document.generalTables.empty()) {
         out << "\t\t\"Tessaforge_general_tables\" : {\n";
-        writeGeneralTables(out, document.generalTables);
+        document::writeGeneralTables(out, document.generalTables);
         out << (document.designTable ? "\t\t},\n" : "\t\t}\n");
     }
     if (document.designTable) {
         out << "\t\t\"Tessaforge_design_table\" : {\n";
-        writeDesignTable(out, *document.designTable);
+        document::writeDesignTable(out, *document.designTable);
         out << "\t\t}\n";
     }
     out << "\t},\n";
@@ -141,7 +142,7 @@ void writeAnimations(TextStream& out, const GltfDocument& document, Progress& pr
     }
     out << "\t\t\t\"animations\": [\n\t\t\t\t";
     writeAll(out, progress, animations, ",\n", "\n",
-             [&](const GltfAnimation& animation) { writeAnimation(out, animation); });
+             [&](const GltfAnimation& animation) { document::writeAnimation(out, animation); });
     out << "],\n";
 }
 
@@ -164,28 +165,28 @@ void writeDocument(TextStream& out, const GltfDocument& document, Progress& prog
     writeExtensions(out, document, progress);
     writeAnimations(out, document, progress);
     writeSection(out, progress, "\t\"meshes\" : [\n", document.meshes,
-                 [&](const GltfMesh& mesh) { writeMesh(out, mesh); });
+                 [&](const GltfMesh& mesh) { document::writeMesh(out, mesh); });
     writeSection(out, progress, "\t\"accessors\" : [\n", document.accessors,
-                 [&](const GltfAccessor& accessor) { writeAccessor(out, accessor); });
+                 [&](const GltfAccessor& accessor) { document::writeAccessor(out, accessor); });
     writeSection(out, progress, "\t\"materials\": [\n", document.materials,
-                 [&](const GltfMaterial& material) { writeMaterial(out, material); });
+                 [&](const GltfMaterial& material) { document::writeMaterial(out, material); });
     if (!document.textures.empty()) {
         writeSection(out, progress, "\t\"textures\": [\n", document.textures,
-                     [&](const GltfTexture& texture) { writeTexture(out, document, texture); });
+                     [&](const GltfTexture& texture) { document::writeTexture(out, document, texture); });
     }
     if (!document.images.empty()) {
         writeSection(out, progress, "\t\"images\": [\n", document.images,
-                     [&](const GltfImage& image) { writeImage(out, image); });
+                     [&](const GltfImage& image) { document::writeImage(out, image); });
     }
     if (!document.samplers.empty()) {
         writeSection(out, progress, "\t\"samplers\": [\n", document.samplers,
-                     [&](const GltfSampler& sampler) { writeSampler(out, sampler); });
+                     [&](const GltfSampler& sampler) { document::writeSampler(out, sampler); });
     }
     writeSection(out, progress, "\t\"bufferViews\" : [\n", document.bufferViews,
-                 [&](const GltfBufferView& view) { writeBufferView(out, view); });
+                 [&](const GltfBufferView& view) { document::writeBufferView(out, view); });
     out << "\t\"buffers\" : [\n";
     writeAll(out, progress, document.buffers, ",\n", "\n",
-             [&](const GltfBuffer& buffer) { writeBuffer(out, buffer); });
+             [&](const GltfBuffer& buffer) { document::writeBuffer(out, buffer); });
     out << "\t]\n";
 }
 

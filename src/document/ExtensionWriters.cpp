@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace orvane {
+namespace orvane::document {
 
 namespace {
 
@@ -119,4 +119,4 @@ void writeComponentDisplayStates(TextStream& out, const std::map<std::string, Di
     }
 }
 
-} // namespace orvane
+} // namespace orvane::document

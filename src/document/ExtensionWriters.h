@@ -8,7 +8,7 @@
 #include <string>
 
 /// Writers of the blocks inside extension objects. Each appends to the stream and ends its own last line.
-namespace orvane {
+namespace orvane::document {
 
 /// `"custom_properties"` of a scene.
 void writeCustomProperties(TextStream& out, std::span<const CustomProperty> properties);
@@ -25,4 +25,4 @@ void writeNodeComments(TextStream& out, std::span<const GltfComment> comments);
 /// The display states of a node's component, by name.
 void writeComponentDisplayStates(TextStream& out, const std::map<std::string, DisplayStateInfo>& states);
 
-} // namespace orvane
+} // namespace orvane::document

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace orvane {
+namespace orvane::document {
 
 namespace {
 
@@ -95,4 +95,4 @@ void writeMaterial(TextStream& out, const GltfMaterial& material) {
     out << "\t\t\t}";
 }
 
-} // namespace orvane
+} // namespace orvane::document

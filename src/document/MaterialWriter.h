@@ -3,10 +3,10 @@
 #include "document/GltfRecords.h"
 #include "document/TextStream.h"
 
-namespace orvane {
+namespace orvane::document {
 
 /// Appends one material, without a line feed at its end. The PBR numbers are computed here from the host's
 /// values that the record holds.
 void writeMaterial(TextStream& out, const GltfMaterial& material);
 
-} // namespace orvane
+} // namespace orvane::document

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace orvane {
+namespace orvane::document {
 
 namespace {
 
@@ -93,4 +93,4 @@ void writeBuffer(TextStream& out, const GltfBuffer& buffer) {
     out << "\t\t\t}";
 }
 
-} // namespace orvane
+} // namespace orvane::document

@@ -3,7 +3,7 @@
 #include "document/GltfRecords.h"
 #include "document/TextStream.h"
 
-namespace orvane {
+namespace orvane::document {
 
 /// Each appends one record, without a line feed at its end.
 void writeMesh(TextStream& out, const GltfMesh& mesh);
@@ -11,4 +11,4 @@ void writeAccessor(TextStream& out, const GltfAccessor& accessor);
 void writeBufferView(TextStream& out, const GltfBufferView& view);
 void writeBuffer(TextStream& out, const GltfBuffer& buffer);
 
-} // namespace orvane
+} // namespace orvane::document

@@ -44,7 +44,7 @@ void writeNodeExtensions(TextStream& out, const GltfNode& node, std::string_view
     }
     if (!node.comments.empty()) {
         out << "\t\t\t\t" << sep << "\"Tessaforge_comments\" : {\n";
-        writeNodeComments(out, node.comments);
+        document::writeNodeComments(out, node.comments);
         out << "\t\t\t\t}\n";
     }
     out << "\t\t\t}\n";
@@ -69,7 +69,7 @@ void writeDisplayStates(TextStream& out, const GltfDocument& document, const Glt
     out << ",\n"
         << "\t\t\t\"extensions\": {\n"
         << "\t\t\t\t\"TF_display_states\": {\n";
-    writeComponentDisplayStates(out, states->second);
+    document::writeComponentDisplayStates(out, states->second);
     out << "\t\t\t\t}\n"
         << "\t\t\t}\n";
 }

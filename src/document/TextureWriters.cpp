@@ -1,6 +1,6 @@
 #include "document/TextureWriters.h"
 
-namespace orvane {
+namespace orvane::document {
 
 void writeTexture(TextStream& out, const GltfDocument& document, const GltfTexture& texture) {
     if (texture.source < 0) {
@@ -46,4 +46,4 @@ void writeSampler(TextStream& out, const GltfSampler& sampler) {
         << "\t\t\t}";
 }
 
-} // namespace orvane
+} // namespace orvane::document

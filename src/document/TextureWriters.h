@@ -3,7 +3,7 @@
 #include "document/GltfDocument.h"
 #include "document/TextStream.h"
 
-namespace orvane {
+namespace orvane::document {
 
 /// Appends one texture, without a line feed at its end; nothing at all where it has no picture, or no sampler
 /// for a loose one. Names of loose pictures are settled before (`settleLoosePictures`).
@@ -13,4 +13,4 @@ void writeTexture(TextStream& out, const GltfDocument& document, const GltfTextu
 void writeImage(TextStream& out, const GltfImage& image);
 void writeSampler(TextStream& out, const GltfSampler& sampler);
 
-} // namespace orvane
+} // namespace orvane::document

@@ -2,7 +2,7 @@
 
 #include "host/PutBack.h"
 
-namespace orvane {
+namespace orvane::exporter {
 
 namespace {
 
@@ -46,4 +46,4 @@ void setStates(const HostRef<HostComponent>& root, std::int32_t state) {
     visitBelow(root, resolve);
 }
 
-} // namespace orvane
+} // namespace orvane::exporter

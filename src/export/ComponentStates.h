@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// The resolve states of all components below a root at one moment. Its end puts back every one that changed
 /// since.
@@ -24,4 +24,4 @@ private:
 /// Sets every lightweight component below `root` to `state`; all others stay as they are.
 void setStates(const HostRef<HostComponent>& root, std::int32_t state);
 
-} // namespace orvane
+} // namespace orvane::exporter

@@ -6,7 +6,7 @@
 #include "geometry/DocumentBoundingBox.h"
 #include "geometry/Tessellation.h"
 
-namespace orvane {
+namespace orvane::exporter {
 
 namespace {
 
@@ -157,4 +157,4 @@ void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& co
     progressAddDone(document.progress, 1);
 }
 
-} // namespace orvane
+} // namespace orvane::exporter

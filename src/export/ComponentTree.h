@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// A node whose children are being built.
 struct ParentNode {
@@ -25,4 +25,4 @@ void buildComponentTree(ExportContext& context, const HostRef<HostComponent>& co
                         const HostRef<HostPart>& part, std::vector<std::int32_t>& nodeList,
                         const ParentNode* parent);
 
-} // namespace orvane
+} // namespace orvane::exporter

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// What the steps of one export share.
 struct ExportContext {
@@ -35,4 +35,4 @@ struct ExportContext {
     AnimationFiles animationFiles{};
 };
 
-} // namespace orvane
+} // namespace orvane::exporter

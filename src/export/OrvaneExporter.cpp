@@ -215,7 +215,7 @@ void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const Ex
     DiskBufferFolder folder(target.destinationFolder, report_);
     const std::int32_t activeScene = buildDocument(modelDoc, folder);
     if (!report_.hasFailed()) {
-        writeTextScene(document_, activeScene, target, report_);
+        exporter::writeTextScene(document_, activeScene, target, report_);
     }
     if (!report_.hasFailed()) {
         folder.keep();
@@ -226,7 +226,7 @@ void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const 
     WorkingBufferFolder folder(target.destinationFolder, report_);
     const std::int32_t activeScene = buildDocument(modelDoc, folder);
     if (!report_.hasFailed()) {
-        writeBinaryScene(document_, activeScene, folder, target, report_);
+        exporter::writeBinaryScene(document_, activeScene, folder, target, report_);
     }
 }
 
@@ -237,19 +237,19 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
         {.document = document_,
          .report = report_,
          .hostInstallFolder = toSystemNarrow(surroundings_.host.hostInstallFolder())});
-    ExportContext context{.host = surroundings_.host,
-                          .modelDoc = modelDoc,
-                          .isAssembly = modelDoc->getDocumentType() == kAssemblyDocument,
-                          .options = options_,
-                          .document = document_,
-                          .report = report_,
-                          .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize != 0},
-                          .appearances = appearances,
-                          .title = defaultDocumentTitle(),
-                          .rootTransform = {},
-                          .modelBounds = {},
-                          .nodeDocuments = {},
-                          .cameraNodes = {}};
+    exporter::ExportContext context{.host = surroundings_.host,
+                                    .modelDoc = modelDoc,
+                                    .isAssembly = modelDoc->getDocumentType() == kAssemblyDocument,
+                                    .options = options_,
+                                    .document = document_,
+                                    .report = report_,
+                                    .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize != 0},
+                                    .appearances = appearances,
+                                    .title = defaultDocumentTitle(),
+                                    .rootTransform = {},
+                                    .modelBounds = {},
+                                    .nodeDocuments = {},
+                                    .cameraNodes = {}};
     const HostRef<HostView> view = modelDoc->activeView();
     PutBack viewBack([&] {
         if (view) {
@@ -258,7 +258,7 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
     });
     const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras != 0,
                                 options_.exportViews != 0, context.cameraNodes);
-    const ConfigurationsToExport configurations = gatherConfigurations(*modelDoc);
+    const exporter::ConfigurationsToExport configurations = exporter::gatherConfigurations(*modelDoc);
     const std::optional<std::u16string> shownAtFirst = nameOf(configurations.activeConfiguration);
     PutBack configurationBack([&] {
         if (shownAtFirst) {
@@ -266,7 +266,7 @@ std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDo
         }
     });
     MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
-    buildScenes(context, configurations);
+    exporter::buildScenes(context, configurations);
     configurationBack.now();
     viewBack.now();
     document_.designTable = readDesignTable(*modelDoc);

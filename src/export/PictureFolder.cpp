@@ -3,7 +3,7 @@
 #include "appearance/CopyOrConvertImage.h"
 #include "platform/Files.h"
 
-namespace orvane {
+namespace orvane::exporter {
 
 PictureFolder::~PictureFolder() {
     for (const std::string& path : made_) {
@@ -35,4 +35,4 @@ PictureCopier WorkingPictures::copier() {
     };
 }
 
-} // namespace orvane
+} // namespace orvane::exporter

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// Brings the loose pictures of a text export into its folder. Takes those that it made away again with the
 /// object, unless they are kept.
@@ -41,4 +41,4 @@ private:
     ExportReport& report_;
 };
 
-} // namespace orvane
+} // namespace orvane::exporter

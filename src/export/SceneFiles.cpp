@@ -10,7 +10,7 @@
 #include <limits>
 #include <utility>
 
-namespace orvane {
+namespace orvane::exporter {
 
 namespace {
 
@@ -81,4 +81,4 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
     putInPlace(file, target, report);
 }
 
-} // namespace orvane
+} // namespace orvane::exporter

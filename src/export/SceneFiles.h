@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// Writes a finished document as the `.gltf` file of `target`. The file is written beside its place and put
 /// there when it is complete; faults go to the report.
@@ -19,4 +19,4 @@ void writeTextScene(GltfDocument& document, std::int32_t activeScene, const Expo
 void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingBufferFolder& folder,
                       const ExportTarget& target, ExportReport& report);
 
-} // namespace orvane
+} // namespace orvane::exporter

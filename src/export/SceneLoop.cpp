@@ -11,7 +11,7 @@
 
 #include <optional>
 
-namespace orvane {
+namespace orvane::exporter {
 
 namespace {
 
@@ -143,4 +143,4 @@ void buildScenes(ExportContext& context, const ConfigurationsToExport& configura
     }
 }
 
-} // namespace orvane
+} // namespace orvane::exporter

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// The configurations of a document, in the order of the host's name list.
 struct ConfigurationsToExport {
@@ -23,4 +23,4 @@ ConfigurationsToExport gatherConfigurations(HostModelDoc& modelDoc);
 /// scenes made so far.
 void buildScenes(ExportContext& context, const ConfigurationsToExport& configurations);
 
-} // namespace orvane
+} // namespace orvane::exporter

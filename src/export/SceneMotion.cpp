@@ -3,7 +3,7 @@
 #include "animation/ExplodedViews.h"
 #include "animation/StudySampling.h"
 
-namespace orvane {
+namespace orvane::exporter {
 
 namespace {
 
@@ -44,4 +44,4 @@ void sampleMotion(ExportContext& context, const HostConfiguration& configuration
     context.nodeOrigins.reset();
 }
 
-} // namespace orvane
+} // namespace orvane::exporter

@@ -2,7 +2,7 @@
 
 #include "export/ExportContext.h"
 
-namespace orvane {
+namespace orvane::exporter {
 
 /// To be called before a scene's nodes are built: lets the tree walk remember what they are built from, where
 /// the options ask for animations.
@@ -11,4 +11,4 @@ void expectMotion(ExportContext& context);
 /// Samples the exploded views and motion studies that the options ask for, once the scene's nodes are there.
 void sampleMotion(ExportContext& context, const HostConfiguration& configuration, GltfScene& scene);
 
-} // namespace orvane
+} // namespace orvane::exporter

@@ -9,8 +9,8 @@ namespace orvane {
 namespace {
 
 bool sameContent(const std::string& a, const std::string& b) {
-    const RegularFile first(a);
-    const RegularFile second(b);
+    const platform::RegularFile first(a);
+    const platform::RegularFile second(b);
     if (!first.isOpen() || !second.isOpen() || first.size() != second.size()) {
         return false;
     }
@@ -26,7 +26,7 @@ bool sameContent(const std::string& a, const std::string& b) {
 } // namespace
 
 CopyResult copyToNewFile(const std::string& source, const std::string& target, std::string& error) {
-    if (const RegularFile file(source); !file.isOpen()) {
+    if (const platform::RegularFile file(source); !file.isOpen()) {
         error = file.error();
         return CopyResult::failed;
     }

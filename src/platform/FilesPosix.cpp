@@ -66,16 +66,16 @@ bool pathExists(const std::string& path) {
 }
 
 std::string readFileStart(const std::string& path, std::int64_t most) {
-    return RegularFile(path).read(0, most);
+    return platform::RegularFile(path).read(0, most);
 }
 
 std::string readFileTail(const std::string& path, std::int64_t most) {
-    const RegularFile file(path);
+    const platform::RegularFile file(path);
     return file.read(std::max<std::int64_t>(file.size() - most, 0), most);
 }
 
 std::optional<std::string> readWholeFile(const std::string& path, std::int64_t most) {
-    const RegularFile file(path);
+    const platform::RegularFile file(path);
     if (!file.isOpen() || file.size() > most) {
         return std::nullopt;
     }

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace orvane {
+namespace orvane::platform {
 
 /// Runs `work`, which reads data that nobody vouches for with a library that may not bear it, so that neither
 /// a crash nor an endless run nor a hunger for memory can harm this process. Gives what `work` gives (0 to
@@ -11,4 +11,4 @@ namespace orvane {
 /// to files stays.
 int runGuarded(const std::function<int()>& work, int failed);
 
-} // namespace orvane
+} // namespace orvane::platform

@@ -7,7 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace orvane {
+namespace orvane::platform {
 
 namespace {
 
@@ -65,4 +65,4 @@ int runGuarded(const std::function<int()>& work, int failed) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : failed;
 }
 
-} // namespace orvane
+} // namespace orvane::platform

@@ -214,7 +214,7 @@ bool OutputFile::append(const OutputFile& source, std::int64_t offset, std::int6
 }
 
 std::optional<std::int64_t> OutputFile::appendFile(const std::string& path) {
-    const RegularFile source(path);
+    const platform::RegularFile source(path);
     if (!isGood() || !source.isOpen()) {
         return std::nullopt;
     }

@@ -60,9 +60,9 @@ PictureConversion convertPicture(const std::string& source, const std::string& t
     OutputFile png =
         OutputFile::createTemporary(separator == std::string::npos ? "" : target.substr(0, separator + 1));
     const std::string from = nativePath(source);
-    const int outcome =
-        runGuarded([&] { return static_cast<int>(convert(from.c_str(), png.temporaryPath().c_str())); },
-                   static_cast<int>(PictureConversion::unreadable));
+    const int outcome = platform::runGuarded(
+        [&] { return static_cast<int>(convert(from.c_str(), png.temporaryPath().c_str())); },
+        static_cast<int>(PictureConversion::unreadable));
     // The library does not look whether the last bytes reached the disk.
     const bool isThere = static_cast<PictureConversion>(outcome) == PictureConversion::converted &&
                          endsWhole(png.temporaryPath(), kPngEnd) && png.moveTo(target);

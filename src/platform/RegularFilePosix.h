@@ -11,7 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace orvane {
+namespace orvane::platform {
 
 /// A regular file that is open for reading, or the reason why it is not. Anything else (a folder, a pipe) is
 /// not opened: it might never answer.
@@ -65,4 +65,4 @@ private:
     std::string error_;
 };
 
-} // namespace orvane
+} // namespace orvane::platform

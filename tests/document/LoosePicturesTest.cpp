@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-namespace orvane {
+namespace orvane::document {
 namespace {
 
 using testing::ElementsAre;
@@ -89,4 +89,4 @@ TEST_F(LoosePictures, AreNoneOfThoseThatAreEmbedded) {
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::document

@@ -9,7 +9,7 @@
 
 #include <gmock/gmock.h>
 
-namespace orvane {
+namespace orvane::document {
 namespace {
 
 using testing::AllOf;
@@ -189,4 +189,4 @@ TEST(ExtensionWriters, GiveRowsAsManyCellsAsTheTableHasHeadersOrTheFirstRowCells
 }
 
 } // namespace
-} // namespace orvane
+} // namespace orvane::document

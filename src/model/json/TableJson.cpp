@@ -1,6 +1,5 @@
 #include "model/json/TableJson.h"
 
-#include "host/HostAnnotation.h"
 #include "model/json/JsonCursor.h"
 
 namespace orvane::json {
@@ -50,11 +49,10 @@ TableRecord readDesignTable(const JsonCursor& value) {
 }
 
 void readValue(const JsonCursor& value, AnnotationRecord& annotation) {
-    annotation.type = kTableAnnotation;
     value.readObject(key("type", annotation.type), key("table", [&](const JsonCursor& table) {
                          readTable(table, annotation.table.emplace());
                      }));
-    if (annotation.type != kTableAnnotation) {
+    if (annotation.type != kTableAnnotationType) {
         annotation.table.reset();
     }
 }

@@ -188,8 +188,11 @@ struct TableRecord {
     bool attach = true;                         ///< design tables only
 };
 
+/// The type of an annotation that holds a table, by the host's number.
+inline constexpr std::int32_t kTableAnnotationType = 14;
+
 struct AnnotationRecord {
-    std::int32_t type = 0;
+    std::int32_t type = kTableAnnotationType;
     std::optional<TableRecord> table;
 };
 
