@@ -64,6 +64,38 @@ void captureFrames(HostMotionStudy& study, double duration, double step, const M
     capture(duration);
 }
 
+/// Plays a study from 0 to its end into `animation`; answers whether it did. The study is left again, but for
+/// one without a duration, and its clock and the host's model stand as before.
+bool captureStudy(HostMotionStudy& study, const MotionScene& motion, const HostRef<HostComponent>& root,
+                  animation::AnimationTracks& animation) {
+    double initialTime = 0;
+    bool hasMoved = false;
+    PutBack leave([&] {
+        if (hasMoved) {
+            study.seekStudyTime(initialTime);
+        }
+        study.leaveStudy();
+    });
+    study.enterStudy();
+    const double duration = study.readStudyDuration();
+    if (!(duration > 0)) {
+        leave.dismiss();
+        return false;
+    }
+    initialTime = study.readStudyTime();
+    const double step = frameStep(study);
+    if (!hasFewFrames(duration, step)) {
+        motion.buffers.report.warn(
+            "the motion study " + animation.name.substr(0, 40) +
+            " is left out: its duration and frame rate ask for more than 10 million frames");
+        return false;
+    }
+    motion.buffers.folder.settle();
+    hasMoved = true;
+    captureFrames(study, duration, step, motion, root, animation);
+    return true;
+}
+
 } // namespace
 
 HostRef<HostMotionStudyManager> studyManager(HostModelDoc& modelDoc) {
@@ -85,39 +117,15 @@ void sampleStudies(const MotionScene& motion) {
 }
 
 void sampleStudy(HostMotionStudy& study, const std::u16string& name, const MotionScene& motion) {
-    ExportReport& report = motion.buffers.report;
     const HostRef<HostComponent> root = motion.configuration.getRootComponent();
-    if (!root || report.hasFailed()) {
-        return;
-    }
-    double initialTime = 0;
-    bool hasMoved = false;
-    PutBack leave([&] {
-        if (hasMoved) {
-            study.seekStudyTime(initialTime);
-        }
-        study.leaveStudy();
-    });
-    study.enterStudy();
-    const double duration = study.readStudyDuration();
-    if (!(duration > 0)) {
-        leave.dismiss();
+    if (!root || motion.buffers.report.hasFailed()) {
         return;
     }
     animation::AnimationTracks animation;
     animation.name = toAsciiName(name);
-    initialTime = study.readStudyTime();
-    const double step = frameStep(study);
-    if (!hasFewFrames(duration, step)) {
-        report.warn("the motion study " + animation.name.substr(0, 40) +
-                    " is left out: its duration and frame rate ask for more than 10 million frames");
+    if (!captureStudy(study, motion, root, animation)) {
         return;
     }
-    motion.buffers.folder.settle();
-    hasMoved = true;
-    captureFrames(study, duration, step, motion, root, animation);
-    leave.now();
-
     buildKeys(animation, motion, false);
     animation.xforms.clear(); // the greater part of the memory
     if (!writeChannels(animation, motion.document, motion.buffers)) {

@@ -67,6 +67,21 @@ bool mayWrite(const ExportTarget& target, bool force) {
     return true;
 }
 
+/// Whether an export has its result; prints what there is to tell of it.
+bool isComplete(const ExportArguments& arguments, const std::vector<std::string>& readingWarnings,
+                const ExportReport& report) {
+    if (!arguments.quiet) {
+        printWarnings(arguments, readingWarnings, report);
+    }
+    if (report.hasFailed()) {
+        return refuse(std::string(report.firstError()));
+    }
+    if (!arguments.quiet) {
+        std::cout << fs::path(report.writtenFile).lexically_normal().string() << std::endl;
+    }
+    return true;
+}
+
 } // namespace
 
 std::optional<std::string> outputFault(const std::string& output) {
@@ -96,7 +111,7 @@ int runExport(const ExportArguments& arguments) {
     const HostRef<HostApplication> host =
         openEmbeddedHost(std::move(model), toHostPath(hostFolder(arguments.hostFolder)));
     COrvaneExporter exporter({.host = *host});
-    exporter.setRequest(request);
+    exporter.setRequest(std::move(request));
     exporter.setOptions(arguments.options);
     const ExportTarget target = exporter.plannedTarget();
     if (!mayWrite(target, arguments.force)) {
@@ -111,18 +126,10 @@ int runExport(const ExportArguments& arguments) {
     exporter.exportActiveDocument();
     display.clear();
 
-    const ExportReport& report = exporter.report();
-    if (!arguments.quiet) {
-        printWarnings(arguments, readingWarnings, report);
-    }
-    if (report.hasFailed()) {
-        refuse(std::string(report.firstError()));
+    if (!isComplete(arguments, readingWarnings, exporter.report())) {
         return 1;
     }
     folders.keep();
-    if (!arguments.quiet) {
-        std::cout << fs::path(report.writtenFile).lexically_normal().string() << std::endl;
-    }
     return 0;
 }
 

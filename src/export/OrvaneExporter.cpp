@@ -1,18 +1,13 @@
 #include "export/OrvaneExporter.h"
 
-#include "appearance/MaterialIndex.h"
 #include "document/AsciiNames.h"
 #include "document/DiskBufferFolder.h"
 #include "document/NodeWriter.h"
 #include "document/WorkingBufferFolder.h"
-#include "export/ExportContext.h"
 #include "export/SceneFiles.h"
-#include "export/SceneLoop.h"
-#include "host/PutBack.h"
-#include "metadata/Tables.h"
+#include "export/TargetFolder.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
-#include "views/ViewStorageList.h"
 
 #include <algorithm>
 #include <charconv>
@@ -28,11 +23,6 @@ constexpr std::int32_t kTrackingId = 777;
 /// The name of a file whose document has a title that the system takes for no file name.
 constexpr const char* kNameWithoutTitle = "scene";
 
-/// Nothing for no configuration.
-std::optional<std::u16string> nameOf(const HostRef<HostConfiguration>& configuration) {
-    return configuration ? std::optional(configuration->getConfigurationName()) : std::nullopt;
-}
-
 /// The whole number at the start of a text; 0 where none stands there.
 std::int32_t leadingNumber(const std::u16string& text) {
     const std::string narrow = toSystemNarrow(text);
@@ -40,29 +30,6 @@ std::int32_t leadingNumber(const std::u16string& text) {
     std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
     return number;
 }
-
-/// A folder that goes again with the object, if it was made here and stayed empty.
-class FolderGuard {
-public:
-    FolderGuard(std::string path, ExportReport& report) : path_(std::move(path)) {
-        std::string error;
-        result_ = createFolder(path_, error);
-        if (result_ == FolderResult::failed) {
-            report.fail("the folder " + nativePath(path_) + " cannot be made: " + error);
-        }
-    }
-    FolderGuard(const FolderGuard&) = delete;
-    FolderGuard& operator=(const FolderGuard&) = delete;
-    ~FolderGuard() {
-        if (result_ == FolderResult::created) {
-            removeEmptyFolder(path_);
-        }
-    }
-
-private:
-    std::string path_;
-    FolderResult result_;
-};
 
 } // namespace
 
@@ -143,6 +110,10 @@ bool COrvaneExporter::mayReplace(const ExportTarget& target) {
 
 void COrvaneExporter::exportActiveDocument() {
     report_ = {};
+    if (hostRevision != kSupportedHostRevision) {
+        refuseHost();
+        return;
+    }
     try {
         if (runRequest() == Progression::ended) {
             finish();
@@ -153,17 +124,24 @@ void COrvaneExporter::exportActiveDocument() {
     } catch (const std::exception& fault) {
         finish();
         report_.fail(fault.what());
+    } catch (...) {
+        finish();
+        report_.fail("the host failed without saying why");
+    }
+}
+
+void COrvaneExporter::refuseHost() noexcept {
+    report_.fail("this revision of the host is not supported");
+    try {
+        if (surroundings_.prompts) {
+            surroundings_.prompts->showMessage(languageText(kWrongHostText), "Orvane Exporter");
+        }
+    } catch (...) {
+        // The report tells it all the same.
     }
 }
 
 COrvaneExporter::Progression COrvaneExporter::runRequest() {
-    if (hostRevision != kSupportedHostRevision) {
-        report_.fail("this revision of the host is not supported");
-        if (surroundings_.prompts) {
-            surroundings_.prompts->showMessage(languageText(kWrongHostText), "Orvane Exporter");
-        }
-        return Progression::notBegun;
-    }
     if (surroundings_.cursor) {
         surroundings_.cursor->show();
     }
@@ -193,7 +171,7 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc, cons
                      "; choose a shorter one");
         return;
     }
-    const FolderGuard folder(target.destinationFolder, report_);
+    const exporter::TargetFolder folder(target.destinationFolder, report_);
     if (report_.hasFailed()) {
         return;
     }
@@ -213,7 +191,8 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc, cons
 
 void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
     DiskBufferFolder folder(target.destinationFolder, report_);
-    const std::int32_t activeScene = buildDocument(modelDoc, folder);
+    const std::int32_t activeScene =
+        exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
     if (!report_.hasFailed()) {
         exporter::writeTextScene(document_, activeScene, target, report_);
     }
@@ -224,54 +203,18 @@ void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const Ex
 
 void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
     WorkingBufferFolder folder(target.destinationFolder, report_);
-    const std::int32_t activeScene = buildDocument(modelDoc, folder);
+    const std::int32_t activeScene =
+        exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
     if (!report_.hasFailed()) {
         exporter::writeBinaryScene(document_, activeScene, folder, target, report_);
     }
 }
 
-/// Fills the document from the host, and puts the host back as it was. Gives the index of the active scene.
-std::int32_t COrvaneExporter::buildDocument(const HostRef<HostModelDoc>& modelDoc, BufferFolder& folder) {
-    BufferNames names;
-    AppearanceTable appearances(
-        {.document = document_,
-         .report = report_,
-         .hostInstallFolder = toSystemNarrow(surroundings_.host.hostInstallFolder())});
-    exporter::ExportContext context{.host = surroundings_.host,
-                                    .modelDoc = modelDoc,
-                                    .isAssembly = modelDoc->getDocumentType() == kAssemblyDocument,
-                                    .options = options_,
-                                    .document = document_,
-                                    .report = report_,
-                                    .meshBuffers = {folder, names, report_, options_.limitPrimitiveSize != 0},
-                                    .appearances = appearances,
-                                    .title = defaultDocumentTitle(),
-                                    .rootTransform = {},
-                                    .modelBounds = {},
-                                    .nodeDocuments = {},
-                                    .cameraNodes = {}};
-    const HostRef<HostView> view = modelDoc->activeView();
-    PutBack viewBack([&] {
-        if (view) {
-            modelDoc->setActiveView(view);
-        }
-    });
-    const ViewStorageList views({surroundings_.host, document_}, *modelDoc, options_.exportCameras != 0,
-                                options_.exportViews != 0, context.cameraNodes);
-    const exporter::ConfigurationsToExport configurations = exporter::gatherConfigurations(*modelDoc);
-    const std::optional<std::u16string> shownAtFirst = nameOf(configurations.activeConfiguration);
-    PutBack configurationBack([&] {
-        if (shownAtFirst) {
-            modelDoc->showConfiguration(*shownAtFirst);
-        }
-    });
-    MaterialIndexFor(appearances, {}, {}, true); // the default material, always the first
-    exporter::buildScenes(context, configurations);
-    configurationBack.now();
-    viewBack.now();
-    document_.designTable = readDesignTable(*modelDoc);
-    readGeneralTables(*modelDoc, document_.generalTables);
-    return configurations.activeIndex;
+exporter::DocumentSource COrvaneExporter::documentSource(const HostRef<HostModelDoc>& modelDoc) {
+    return {.host = surroundings_.host,
+            .modelDoc = modelDoc,
+            .options = options_,
+            .title = defaultDocumentTitle()};
 }
 
 /// Empties everything that lives for one export. Takes no memory.

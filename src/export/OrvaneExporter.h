@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/BufferFolder.h"
 #include "document/ExportReport.h"
 #include "document/GltfDocument.h"
+#include "export/DocumentBuilding.h"
 #include "export/ExportOptions.h"
 #include "export/ExportTarget.h"
 #include "host/HostApplication.h"
@@ -80,11 +80,12 @@ private:
     void onSaveAs(const std::u16string& path, const std::string& first, const std::string& second);
     std::optional<std::string> titleFault();
     bool mayReplace(const ExportTarget& target);
+    void refuseHost() noexcept;
     Progression runRequest();
     void exportDocument(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
     void exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
     void exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
-    std::int32_t buildDocument(const HostRef<HostModelDoc>& modelDoc, BufferFolder& folder);
+    exporter::DocumentSource documentSource(const HostRef<HostModelDoc>& modelDoc);
     void finish() noexcept;
     std::string languageText(std::int32_t number) const;
 
