@@ -58,7 +58,7 @@ ExportTarget resolveTarget(const ExportRequest& request, const ExportOptions& op
 
 std::string cutAfterExtension(const std::string& path, const std::string& extension) {
     std::string lower = asciiLower(path);
-    const std::string suffix = "." + asciiLower(extension);
+    const std::string suffix = asciiLower("." + extension);
     const std::size_t at = lower.rfind(suffix);
     return at == std::string::npos ? std::string() : lower.substr(0, at + suffix.size());
 }
