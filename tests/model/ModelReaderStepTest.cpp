@@ -1,11 +1,7 @@
 #include "support/ModelFiles.h"
+#include "support/StepMaker.h"
 
-#include <BRepPrimAPI_MakeBox.hxx>
-#include <Message.hxx>
-#include <Message_Messenger.hxx>
-#include <STEPControl_Writer.hxx>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace orvane {
 namespace {
@@ -13,17 +9,9 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// A single box of 10 by 20 by 30 millimetres.
-void writeStepBox(const std::filesystem::path& file) {
-    Message::DefaultMessenger()->ChangePrinters().Clear(); // the writer reports to standard output
-    STEPControl_Writer writer;
-    writer.Transfer(BRepPrimAPI_MakeBox(10, 20, 30).Shape(), STEPControl_AsIs);
-    ASSERT_EQ(writer.Write(file.c_str()), IFSelect_RetDone);
-}
-
 TEST(ModelReaderStep, StepFilesStandForDocumentsAndAreReadOnce) {
     ModelFiles files;
-    writeStepBox(files.folder() / "box.step");
+    step_maker::saveShape(files.folder() / "box.step", step_maker::box(1, 2, 3));
     files.write("sub.tfgasm", R"({"components": [{"name": "a", "document": "box.step"}]})");
     const Model model = files.readText("top.tfgasm", R"({
         "configurations": [{"name": "A", "hidden": ["s/a", "b"]}], "components": [
@@ -40,7 +28,7 @@ TEST(ModelReaderStep, StepFilesStandForDocumentsAndAreReadOnce) {
 
 TEST(ModelReaderStep, BodiesTakeTheirFacesFromStepAndStlFiles) {
     ModelFiles files;
-    writeStepBox(files.folder() / "box.STP");
+    step_maker::saveShape(files.folder() / "box.STP", step_maker::box(1, 2, 3));
     files.write("one.stl",
                 "solid s\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 0\n"
                 "endloop\nendfacet\nendsolid s\n");
