@@ -160,9 +160,9 @@ TEST_F(Motion, GivesAPlacementToAComponentWithoutOne) {
 
 struct ExplodedView : Motion {
     /// Enters the next view's study, made as an export makes it.
-    void play(bool explode = true) {
+    void play() {
         study = manager->createStudy();
-        study->generateExplodeMotion(explode, 4, 0);
+        study->generateExplodeMotion(true, 4, 0);
         study->nameStudy(u"Temporary");
         study->computeStudy();
         study->enterStudy();
@@ -193,15 +193,6 @@ TEST_F(ExplodedView, MovesItsStepsOneAfterTheOtherInTheSpaceOfTheRoot) {
     EXPECT_EQ(study->studyProperties(1)->readFrameRate(), 7);
 }
 
-TEST_F(ExplodedView, GoesBackTogetherTheSameWay) {
-    assembly.explodedViews = {{.name = u"E", .steps = {{{u"base"}, {4, 0, 0}}, {{u"base"}, {0, 8, 0}}}}};
-    open();
-    play(false);
-    EXPECT_THAT(positionAt(0), ElementsAre(14, 8, 0));
-    EXPECT_THAT(positionAt(3), ElementsAre(12, 0, 0));
-    EXPECT_THAT(positionAt(4), ElementsAre(10, 0, 0));
-}
-
 TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
     assembly.explodedViews = {{.name = u"First", .steps = {{{u"base"}, {1, 0, 0}}}},
                               {.name = u"Second", .steps = {{{u"base"}, {2, 0, 0}}}}};
@@ -222,16 +213,6 @@ TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
     EXPECT_NE(manager->deleteStudyByName(u"Temporary"), 0);
     EXPECT_EQ(manager->findStudyByName(u"Temporary")->readStudyDuration(), 9);
     EXPECT_EQ(manager->deleteStudyByName(u"Unknown"), 0);
-}
-
-TEST_F(ExplodedView, CountsItsStepsUnlessTheConfigurationTells) {
-    assembly.explodedViews = {{.name = u"A", .steps = {{}, {}}}, {.name = u"B", .steps = {{}}}};
-    assembly.configurations.push_back(ModelBuilder::configuration(u"Told", {}));
-    assembly.configurations[1].explodeSteps = 7;
-    open();
-    EXPECT_EQ(document->assemblyInterface()->countExplodedViews(), 2);
-    EXPECT_EQ(document->getConfigurationByName(u"Default")->countExplodeSteps(), 3);
-    EXPECT_EQ(document->getConfigurationByName(u"Told")->countExplodeSteps(), 7);
 }
 
 } // namespace

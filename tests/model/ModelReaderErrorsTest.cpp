@@ -194,15 +194,13 @@ const Refusal kPartRefusals[] = {
      "found a list of 1, expected the name of a body and a face's position from 0"},
     {"/appearances/1/appliedTo/3/face/1", "3", "the position of one of the body's 3 faces, from 0"},
     {"/appearances/1/configurations/0", R"("C")", "the name of a configuration of this document"},
-    {"/appearances/1/displayStates/0", R"("D")", "the name of a display state of this document"},
-    {"/decals/0", "{}", R"(found no "id", expected it to be given)"}};
+    {"/appearances/1/displayStates/0", R"("D")", "the name of a display state of this document"}};
 
 const Refusal kAssemblyRefusals[] = {
     {"/box", "[1, 2, 3]", "found a list of 3, expected a list of 6 numbers"},
     {"/appearances/0/appliedTo/0", R"("document")",
      R"(found "document" in an assembly, expected a feature or a component (only a part takes appearances itself))"},
     {"/components/0/document", R"("mesh.stl")", "a file that ends in .tfgprt, .tfgasm, .step or .stp"},
-    {"/components/0/components/1", "{}", R"(found no "name", expected it to be given)"},
     {"/components/0/components/1/name", R"("a/b")", R"(a name without "/")"},
     {"/components/0/state", "4", "a whole number from 0 to 3"},
     {"/components/0/placementFallback", "null", "a list of 16 numbers or an object"},

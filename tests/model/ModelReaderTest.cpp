@@ -118,6 +118,8 @@ TEST(ModelReader, FeaturesAndAppearances) {
     EXPECT_TRUE(features[0].parent == -1 && features[1].parent == 0 && features[3].parent == -1);
     EXPECT_EQ(features[0].type, u"Feature");
     EXPECT_THAT(features[0].definition.value().seeds, ElementsAre(3, -1, 1));
+    EXPECT_FALSE(features[3].camera.value().perspective);
+    EXPECT_THAT(document.configurations.at(1).bodies.value(), ElementsAre(u"Body2", u"Named"));
 
     const AppearanceRecord& plain = document.appearances.at(0);
     EXPECT_TRUE(plain.file.empty() && !plain.hasAppliedTo && plain.primaryColor == 0x7F7F7F);
@@ -127,8 +129,14 @@ TEST(ModelReader, FeaturesAndAppearances) {
     EXPECT_EQ(full.bumpTexture, "/abs/b.png");
     EXPECT_TRUE(full.primaryColor == 0xFFAB12 && full.secondaryColor == 0x030201 &&
                 full.tertiaryColor == 0x000100 && full.specularColor == 0x010000);
-    EXPECT_TRUE(full.specular == 3 && full.specularSpread == 2);
-    EXPECT_TRUE(full.mapping.offsetV == 2 && full.mapping.mirrorHorizontal && !full.mapping.mirrorVertical);
+    EXPECT_TRUE(full.emission == 0.25 && full.transparency == 0.5 && full.specular == 3);
+    EXPECT_TRUE(full.reflectivity == 0.75 && full.specularSpread == 2);
+    const MappingRecord& mapping = full.mapping;
+    EXPECT_TRUE(mapping.type == MappingKind::cylinder && mapping.width == 0.5 && mapping.height == 0.25 &&
+                mapping.offsetU == 1 && mapping.offsetV == 2 && mapping.rotation == 30);
+    EXPECT_TRUE(mapping.center[1] == 2 && mapping.uDirection[0] == 1 && mapping.vDirection[2] == 1 &&
+                mapping.sphereAngleA == 4 && mapping.sphereAngleB == 5);
+    EXPECT_TRUE(!mapping.mirrorVertical && mapping.mirrorHorizontal);
     ASSERT_EQ(full.appliedTo.size(), 4u);
     EXPECT_EQ(full.appliedTo[0].kind, EntityKind::document);
     EXPECT_TRUE(full.appliedTo[1].kind == EntityKind::body && full.appliedTo[1].body == 0);
@@ -172,7 +180,16 @@ TEST(ModelReader, WhatAssembliesHave) {
     EXPECT_TRUE(view.mode == 2 && view.scale == 3 && view.translation[2] == 3 && view.eyePoint[0] == 4);
     EXPECT_TRUE(view.planeDistance == 7 && view.perspective && view.transform[12] == 8);
     EXPECT_TRUE(view.width == 9 && view.height == 10 && view.camera.value().aspect == 1.5);
-    EXPECT_EQ(document.lights.at(1).type, LightKind{1234});
+    const LightRecord& light = document.lights.at(0);
+    EXPECT_TRUE(light.name == u"L" && light.userName == u"U" && light.level == 0.5 && !light.on &&
+                light.intensity == 11 && light.coneAngle == 30 && light.attenuation[0] == 7);
+    EXPECT_TRUE(light.color[1] == 0.5 && light.position[0] == 1 && light.direction[0] == 4);
+    std::vector<LightKind> kinds;
+    for (const LightRecord& one : document.lights) {
+        kinds.push_back(one.type);
+    }
+    EXPECT_THAT(kinds, ElementsAre(LightKind::spot, LightKind{1234}, LightKind::point, LightKind::directional,
+                                   LightKind::ambient));
     const MotionStudyRecord& study = document.motionStudies.at(0);
     EXPECT_TRUE(study.duration == -2.5 && study.frameRate == 30 && study.time == 1);
     ASSERT_EQ(study.tracks.size(), 1u); // the two that move nothing are left out
