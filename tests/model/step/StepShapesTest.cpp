@@ -25,27 +25,21 @@ TEST_F(StepTest, GivesTheSameNumbersEachTime) {
     std::vector<std::string> warnings;
     const std::vector<FaceRecord> first = readShapeFile(file, {}, warnings);
     const std::vector<FaceRecord> second = readShapeFile(file, {}, warnings);
-    ASSERT_EQ(first.size(), second.size());
-    for (std::size_t i = 0; i < first.size(); ++i) {
-        EXPECT_EQ(first[i].positions, second[i].positions);
-        EXPECT_EQ(first[i].normals, second[i].normals);
-        EXPECT_EQ(first[i].texCoords, second[i].texCoords);
-    }
+    EXPECT_TRUE(std::ranges::equal(first, second, [](const FaceRecord& a, const FaceRecord& b) {
+        return a.positions == b.positions && a.normals == b.normals && a.texCoords == b.texCoords;
+    }));
 }
 
 TEST_F(StepTest, ConvertsEveryUnitToMetres) {
-    const std::pair<const char*, double> kUnits[] = {{"MM", 0.001}, {"INCH", 0.0254}, {"M", 1}};
-    for (const auto& [unit, metres] : kUnits) {
+    for (const auto& [unit, metres] : {std::pair{"MM", 0.001}, {"INCH", 0.0254}, {"M", 1.0}}) {
         const Model model = read(saveShape(folder / "box.step", box(2, 3, 4), unit));
-        const BodyFacts facts = factsOf(firstBody(model));
-        EXPECT_NEAR(facts.extent[0], 2 * metres, 1e-6 * metres) << unit;
-        EXPECT_NEAR(facts.extent[2], 4 * metres, 1e-6 * metres) << unit;
-        // A plane's parameters are lengths.
-        float widest = 0;
-        for (const FaceRecord& face : firstBody(model).faces) {
+        EXPECT_THAT(factsOf(facesOf(model)).extent, testing::Pointwise(testing::DoubleNear(1e-6 * metres),
+                                                                       {2 * metres, 3 * metres, 4 * metres}));
+        float widest = 0; // a plane's parameters are lengths
+        for (const FaceRecord& face : facesOf(model)) {
             widest = std::max(widest, *std::ranges::max_element(face.texCoords));
         }
-        EXPECT_NEAR(static_cast<double>(widest), 4 * metres, 1e-6 * metres) << unit;
+        EXPECT_NEAR(widest, 4 * metres, 1e-6 * metres) << unit;
     }
 }
 
@@ -60,8 +54,7 @@ TEST_F(StepTest, TurnsTrianglesAndNormalsOutward) {
     };
     for (const auto& [name, shape, volume] : kSolids) {
         for (const TopoDS_Shape& turned : {shape, shape.Reversed()}) {
-            const Model model = read(saveShape(folder / "solid.step", turned));
-            const BodyFacts facts = factsOf(firstBody(model));
+            const BodyFacts facts = factsOf(facesOf(read(saveShape(folder / "solid.step", turned))));
             EXPECT_NEAR(facts.volume * 1e9, volume, 0.02 * volume) << name;
             EXPECT_GT(facts.worstNormal, 0.9) << name;
             EXPECT_TRUE(facts.hasUnitNormals) << name;
@@ -72,11 +65,11 @@ TEST_F(StepTest, TurnsTrianglesAndNormalsOutward) {
 TEST_F(StepTest, TakesNormalsFromTheSurfaceAlsoWhereItIsSingular) {
     const Model model = read(saveShape(folder / "cone.step", BRepPrimAPI_MakeCone(30, 0, 40).Shape()));
     std::size_t atApex = 0;
-    for (const FaceRecord& face : firstBody(model).faces) {
+    for (const FaceRecord& face : facesOf(model)) {
         for (std::size_t at = 0; at < face.positions.size(); at += 3) {
             if (face.positions[at + 2] > 0.0399f) {
                 ++atApex;
-                EXPECT_NEAR(static_cast<double>(face.normals[at + 2]), 0.6, 1e-5); // all along a cone's line
+                EXPECT_NEAR(face.normals[at + 2], 0.6, 1e-5); // all along a cone's line
             }
         }
     }
@@ -86,7 +79,6 @@ TEST_F(StepTest, TakesNormalsFromTheSurfaceAlsoWhereItIsSingular) {
 TEST_F(StepTest, LosesNothingThatIsNoSolid) {
     const TopoDS_Shape shell = TopExp_Explorer(box(1, 2, 3), TopAbs_SHELL).Current();
     const TopoDS_Shape face = TopExp_Explorer(BRepPrimAPI_MakeCylinder(5, 5).Shape(), TopAbs_FACE).Current();
-
     const Model mixed = read(
         saveShape(folder / "mixed.step", compoundOf({shell.Moved(moved(50)), box(4, 4, 4), face, edge()})));
     std::vector<std::size_t> faces;
@@ -100,8 +92,7 @@ TEST_F(StepTest, LosesNothingThatIsNoSolid) {
 
     const Model shells = read(saveShape(folder / "shells.step", compoundOf({shell, shell.Moved(moved(50))})));
     EXPECT_EQ(shells.documents.front()->bodies.at(1).name, u"Body2");
-    const Model loose = read(saveShape(folder / "face.step", face));
-    EXPECT_EQ(firstBody(loose).faces.size(), 1u);
+    EXPECT_EQ(facesOf(read(saveShape(folder / "face.step", face))).size(), 1u);
 
     const Model curves = read(saveShape(folder / "curves.step", compoundOf({edge()})));
     EXPECT_EQ(curves.documents.front()->kind, DocumentKind::part);
@@ -113,7 +104,7 @@ TEST_F(StepTest, MeshesAsFinelyAsItIsAsked) {
     const fs::path file = saveShape(folder / "ball.step", BRepPrimAPI_MakeSphere(100).Shape());
     MeshingOptions fine;
     fine.deflection = 0.00005;
-    EXPECT_GT(factsOf(firstBody(read(file, fine))).triangles, 3 * factsOf(firstBody(read(file))).triangles);
+    EXPECT_GT(factsOf(facesOf(read(file, fine))).triangles, 3 * factsOf(facesOf(read(file))).triangles);
 }
 
 TEST_F(StepTest, ReadsShapesAsFaces) {
@@ -121,10 +112,9 @@ TEST_F(StepTest, ReadsShapesAsFaces) {
     maker.place(root, cube, u"one", moved(10));
     maker.place(root, cube, u"two", moved(20));
     std::vector<std::string> warnings;
-    BodyRecord body;
-    body.faces = readShapeFile(maker.save(folder / "shapes.STP"), {}, warnings);
-    EXPECT_EQ(body.faces.size(), 12u);
-    EXPECT_NEAR(factsOf(body).extent[0], 0.011, 1e-8); // from 10 to 21 mm: placed as in the file
+    const std::vector<FaceRecord> faces = readShapeFile(maker.save(folder / "shapes.STP"), {}, warnings);
+    EXPECT_EQ(faces.size(), 12u);
+    EXPECT_NEAR(factsOf(faces).extent[0], 0.011, 1e-8); // from 10 to 21 mm: placed as in the file
     const fs::path curve = saveShape(folder / "edge.step", edge());
     EXPECT_THAT([&] { readShapeFile(curve, {}, warnings); },
                 testing::ThrowsMessage<ModelError>(HasSubstr("found no face")));

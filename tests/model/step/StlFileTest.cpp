@@ -32,19 +32,16 @@ TEST(StlFile, IsReadInBothKinds) {
     EXPECT_THAT(face.texCoords, IsEmpty());
 
     std::string binary = "solid, which this is not" + std::string(56, ' ') + std::string("\1\0\0\0", 4);
-    for (const float number : {0.f, 0.f, 0.f, 0.f, 0.f, 0.f, 0.f, 4.f, 0.f, 0.f, 0.f, 4.f}) {
-        binary.append(reinterpret_cast<const char*>(&number),
-                      4); // as on the little-endian machines of the tests
-    }
-    binary += std::string(2, '\0');
+    const float numbers[] = {0, 0, 0, 0, 0, 0,
+                             0, 4, 0, 0, 0, 4}; // little-endian, as the machines of the tests
+    binary.append(reinterpret_cast<const char*>(numbers), sizeof numbers).append(2, '\0');
     EXPECT_THAT(read(binary).normals, ElementsAre(1, 0, 0, 1, 0, 0, 1, 0, 0));
 
     const std::pair<std::string, const char*> kBad[] = {
         {"", "expected an STL file"},
         {"solid\nendsolid\n", "found no triangle"},
         {"solid\nfacet normal 0 0 1\nouter loop\nvertex 0 x 0\n", "line 4: found 'x', expected a number"},
-        {"solid\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\n",
-         "found the end of the file, expected vertex"},
+        {"solid\nfacet normal 0 0 1\nouter loop", "found the end of the file, expected vertex"},
         {binary.substr(0, binary.size() - 20).replace(0, 5, "SHELL"),
          "expected 134 by the number of triangles"},
     };
