@@ -160,9 +160,9 @@ TEST_F(Motion, GivesAPlacementToAComponentWithoutOne) {
 
 struct ExplodedView : Motion {
     /// Enters the next view's study, made as an export makes it.
-    void play() {
+    void play(bool explode = true) {
         study = manager->createStudy();
-        study->generateExplodeMotion(true, 4, 0);
+        study->generateExplodeMotion(explode, 4, 0);
         study->nameStudy(u"Temporary");
         study->computeStudy();
         study->enterStudy();
@@ -191,6 +191,15 @@ TEST_F(ExplodedView, MovesItsStepsOneAfterTheOtherInTheSpaceOfTheRoot) {
     EXPECT_THAT(positionAt(2, 2), ElementsAre(hand[0], hand[1] + 4, hand[2])) << "once, not also by itself";
     EXPECT_EQ(study->readStudyDuration(), 4);
     EXPECT_EQ(study->studyProperties(1)->readFrameRate(), 7);
+}
+
+TEST_F(ExplodedView, GoesBackTogetherTheSameWay) {
+    assembly.explodedViews = {{.name = u"E", .steps = {{{u"base"}, {4, 0, 0}}, {{u"base"}, {0, 8, 0}}}}};
+    open();
+    play(false);
+    EXPECT_THAT(positionAt(0), ElementsAre(14, 8, 0));
+    EXPECT_THAT(positionAt(3), ElementsAre(12, 0, 0));
+    EXPECT_THAT(positionAt(4), ElementsAre(10, 0, 0));
 }
 
 TEST_F(ExplodedView, TakesTurnsAndItsStudyGoesBeforeOneOfTheSameName) {
