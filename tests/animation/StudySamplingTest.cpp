@@ -116,20 +116,16 @@ TEST_F(StudySampling, AddsTheSingleStepUp) {
     EXPECT_EQ(drifting.times[11], 1);
 }
 
-TEST_F(StudySampling, EntersAStudyWithoutADurationAndLeavesItAlone) {
+TEST_F(StudySampling, LeavesOutWhatHasNoDurationAndRefusesTooManyFrames) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
     for (const double duration : {0.0, -1.0, std::nan("")}) {
         LoggedStudy study(duration, 24);
         sample(study);
-        EXPECT_EQ(study.log, "enter ");
+        EXPECT_EQ(study.log, "enter ") << "and lets it be";
     }
     EXPECT_THAT(report.warnings, IsEmpty());
-}
-
-TEST_F(StudySampling, RefusesWhatHasTooManyFrames) {
-    const std::pair<double, std::int32_t> endless[] = {{10'000'001, 1},
-                                                       {std::numeric_limits<double>::infinity(), 24},
-                                                       {1, -1},
-                                                       {std::numeric_limits<double>::infinity(), 0}};
+    const std::pair<double, std::int32_t> endless[] = {
+        {10'000'001, 1}, {kInfinity, 24}, {1, -1}, {kInfinity, 0}};
     for (const auto& [duration, rate] : endless) {
         LoggedStudy study(duration, rate);
         sample(study);
