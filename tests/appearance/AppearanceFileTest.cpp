@@ -16,24 +16,20 @@ TEST(AppearanceFile, ReadsTheWordBehindAKeyword) {
     EXPECT_EQ(shader("\"tf_shader\" \"quoted one\""), "\"quoted");
     EXPECT_EQ(shader("\"tf_shader\" last"), "last");
     EXPECT_EQ(shader("\"tf_shader\" \n"), "");
-    EXPECT_EQ(shader("\"tf_shader\""), "");
     EXPECT_EQ(shader("tf_shader brass"), "") << "the keyword has its quotes";
 }
 
 TEST(AppearanceFile, ReadsWhatStandsInQuotesBehindAKeyword) {
     const auto bump = [](std::string_view text) { return ReadKeywordQuoted(text, "\"bumpTexture\""); };
     EXPECT_EQ(bump("\"bumpTexture\" map \"a b.dds\" \"c\""), "a b.dds");
-    EXPECT_EQ(bump("\"bumpTexture\"\n\n\"\""), "");
     EXPECT_EQ(bump("\"bumpTexture\" \"open\nend"), "open\nend");
     EXPECT_EQ(bump("\"bumpTexture\" none"), "");
-    EXPECT_EQ(bump("\"bumptexture\" \"a\""), "");
 }
 
 TEST(AppearanceFile, TakesTheBumpTextureFromEitherKeyword) {
     const auto bump = [](std::string_view text) { return readAppearanceText(text).bumpTexture; };
     EXPECT_EQ(bump("\"bumpTexture\" \"images/shaders/x.dds\""), "images\\shaders\\x.dds");
-    EXPECT_EQ(bump("color texture \"bump_file_texture\" \"one/two\" \"three\""), "one\\two");
-    EXPECT_EQ(bump("\"bumpTexture\" \"\" color texture \"bump_file_texture\" kind \"b\""), "b");
+    EXPECT_EQ(bump("\"bumpTexture\" \"\" color texture \"bump_file_texture\" kind \"one/two\""), "one\\two");
     EXPECT_EQ(bump("color texture \"bump_file_texture\" \"unfinished"), "");
     EXPECT_EQ(bump("color texture \"bump_file_texture\"\"no blank\""), "");
 }
@@ -43,17 +39,15 @@ TEST(AppearanceFile, TakesTheFirstOfThreeChannelsAsGrey) {
         return readAppearanceText("\"col1\" " + channels).grey;
     };
     EXPECT_EQ(grey("0.2,0.9,0.9"), 0x33);
-    EXPECT_EQ(grey("1,0,0"), 0xFF);
     EXPECT_EQ(grey("1.5,0,0"), 0x7E) << "382 without its high bits";
     EXPECT_EQ(grey("-0.1,0,0"), 0xE7) << "-25 without its high bits";
     EXPECT_EQ(grey("+.5e0x,,"), 127);
-    EXPECT_EQ(grey("word,1,1"), 0);
-    EXPECT_EQ(grey("1e30,1,1"), 0);
-    EXPECT_EQ(grey("nan,1,1"), 0);
-    EXPECT_EQ(grey("1,1"), std::nullopt);
-    EXPECT_EQ(grey("1,1,1,1"), std::nullopt);
-    EXPECT_EQ(grey("1, 1, 1"), std::nullopt) << "a word ends at a blank";
-    EXPECT_EQ(grey(""), std::nullopt);
+    for (const char* noNumber : {"word,1,1", "1e30,1,1", "nan,1,1"}) {
+        EXPECT_EQ(grey(noNumber), 0) << noNumber;
+    }
+    for (const char* otherwise : {"", "1,1", "1,1,1,1", "1, 1, 1"}) { // a word ends at a blank
+        EXPECT_EQ(grey(otherwise), std::nullopt) << otherwise;
+    }
 }
 
 TEST(ShaderClasses, AreFoundByExactNamesOnly) {
@@ -71,14 +65,10 @@ TEST(FallbackTextures, TakeTheFirstRowWhoseKeyTheNameHolds) {
     EXPECT_EQ(fallbackTexture("Blue Marble", "h"),
               textures + "stone\\architectural\\marble\\marble blue.jpg");
     EXPECT_EQ(fallbackTexture("sPlAsh", "h"), textures + "organic\\wood\\ash\\polished ash.jpg");
-    EXPECT_EQ(fallbackTexture("slate-1", "h"), textures + "stone\\architectural\\slate\\slate.jpg");
     EXPECT_EQ(fallbackTexture("blue rough marble", "h"), "");
-    EXPECT_EQ(fallbackTexture("", "h"), "");
     const std::string finishes = "h\\data\\Images\\shaders\\surfacefinish\\";
     EXPECT_EQ(fallbackSurfaceFinish("satin nickel", "h"), finishes + "satinwood_n.dds");
     EXPECT_EQ(fallbackSurfaceFinish("Brushed Satin", "h"), finishes + "_brushed.dds");
-    EXPECT_EQ(fallbackSurfaceFinish("polypropylene", "h"),
-              finishes + "..\\..\\textures\\plastic\\bumpy\\plasticpolypropylene_bump.jpg");
     EXPECT_EQ(fallbackSurfaceFinish("steel", "h"), "");
 }
 

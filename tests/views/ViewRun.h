@@ -22,6 +22,7 @@ struct ViewRun {
         list.emplace(ViewOwner{*host, document}, *host->activeDocument(), exportCameras, exportViews,
                      cameraNodes);
     }
+    const NodeMatrix& matrix() const { return document.nodes.at(0)->matrix; }
     HostRef<HostView> screen() const { return host->activeDocument()->activeView(); }
     /// The camera nodes in their order: each name with `p` or `o` for the projection of its camera.
     std::vector<std::string> nodeTexts() const {

@@ -24,14 +24,20 @@ ViewRecord turnedView() {
     return view;
 }
 
+/// The records of the view alone, in a model of that box or an empty one.
+struct BuiltView : ViewRun {
+    explicit BuiltView(const ViewRecord& view, std::optional<HostBox> box = {}) : ViewRun(view, box) {
+        build();
+    }
+};
+
 TEST(ViewStorage, MakesAPerspectiveCameraAtTheEyePoint) {
-    ViewRun run(turnedView());
-    run.build();
+    const BuiltView run(turnedView());
     ASSERT_THAT(run.nodeTexts(), ElementsAre("current:p"));
     const GltfCamera& camera = *run.document.cameras[0];
     EXPECT_EQ(camera.aspectRatio, 2);
     EXPECT_DOUBLE_EQ(camera.yfov, 2 * std::atan(50 / (0.75 * 200 * 2)));
-    EXPECT_EQ(run.document.nodes[0]->matrix, (NodeMatrix{0, -1, 0, 1, 0, 0, 0, 0, 1, -0.5, 0, 0.5, 1}));
+    EXPECT_EQ(run.matrix(), (NodeMatrix{0, -1, 0, 1, 0, 0, 0, 0, 1, -0.5, 0, 0.5, 1}));
     EXPECT_EQ(run.document.nodes[0]->fullName, "");
     EXPECT_NE(run.screen()->hasPerspective(), 0) << "the host keeps the perspective";
 }
@@ -39,52 +45,23 @@ TEST(ViewStorage, MakesAPerspectiveCameraAtTheEyePoint) {
 TEST(ViewStorage, TakesNoiseOutOfTheOrientation) {
     ViewRecord view;
     view.orientation = {1, 1e-8, -9.9e-8, 1e-7, 1, 1.1e-7, -1e-7, -1.1e-7, 1, 0, 0, 0, 1e8, 0, 0, 0};
-    ViewRun run(view);
-    run.build();
-    EXPECT_EQ(run.document.nodes[0]->matrix,
-              (NodeMatrix{1, 0, -1e-7, 0, 1, -1.1e-7, 0, 1.1e-7, 1, 0, 0, 0, 0}))
+    EXPECT_EQ(BuiltView(view).matrix(), (NodeMatrix{1, 0, -1e-7, 0, 1, -1.1e-7, 0, 1.1e-7, 1, 0, 0, 0, 0}))
         << "turned back, the rows are columns; the scale is an entry as any other";
 }
 
-TEST(ViewStorage, WritesTheAspectOfAPictureWithoutHeightAsItComes) {
+TEST(ViewStorage, StandsTenTimesTheModelAwayWithoutPerspective) {
     ViewRecord view;
-    view.height = 0;
-    ViewRun run(view);
-    run.build();
-    EXPECT_TRUE(std::isinf(run.document.cameras[0]->aspectRatio));
-    EXPECT_EQ(run.document.cameras[0]->yfov, 0);
-    view.width = 0;
-    ViewRun empty(view);
-    empty.build();
-    EXPECT_TRUE(std::isnan(empty.document.cameras[0]->aspectRatio));
-}
-
-/// Looks along -x, and takes no perspective.
-ViewRecord orthographicView() {
-    ViewRecord view;
-    view.orientation = {0, 0, 1, 1, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0};
+    view.orientation = {0, 0, 1, 1, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}; // along -x
     view.translation = {2, 4, 6};
     view.scale = 2;
     view.perspectiveAllowed = false;
-    return view;
-}
-
-TEST(ViewStorage, StandsTenTimesTheModelAwayWithoutPerspective) {
     // In single precision ten times 0.7 is 7; in double precision ten times the single 0.7 is less.
-    ViewRun run(orthographicView(), HostBox{0, 0, 0, 0.1, 0.7, 0.3});
-    run.build();
+    const BuiltView run(view, HostBox{0, 0, 0, 0.1, 0.7, 0.3});
     EXPECT_THAT(run.nodeTexts(), ElementsAre("current:o"));
-    EXPECT_EQ(run.document.nodes[0]->matrix, (NodeMatrix{0, 1, 0, 0, 0, 1, 1, 0, 0, -3 + 7, -1, -2, 1}));
+    EXPECT_EQ(run.matrix(), (NodeMatrix{0, 1, 0, 0, 0, 1, 1, 0, 0, -3 + 7, -1, -2, 1}));
     EXPECT_EQ(run.document.cameras[0]->yfov, 0.7);
     EXPECT_EQ(run.document.cameras[0]->aspectRatio, static_cast<double>(1.44f));
-}
-
-TEST(ViewStorage, StandsTenMetresFromTheMiddleOfAnEmptyModel) {
-    ViewRecord view;
-    view.perspectiveAllowed = false;
-    ViewRun run(view);
-    run.build();
-    EXPECT_EQ(run.document.nodes[0]->matrix, (NodeMatrix{1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 10, 1}));
+    EXPECT_EQ(BuiltView({.perspectiveAllowed = false}).matrix()[11], 10) << "metres, of an empty model";
 }
 
 TEST(ViewStorage, PutsItsStateBack) {
