@@ -8,11 +8,10 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cstdio>
+#include <map>
 #include <set>
 #include <string>
 #include <sys/wait.h>
-#include <utility>
 
 namespace orvane {
 namespace {
@@ -66,13 +65,11 @@ struct Command : testing::Test {
 
 TEST_F(Command, PrintsThePathOfWhatItWrote) {
     EXPECT_EQ(run("export plate.tfgprt").output, "plate.glb\n");
-    EXPECT_EQ(run("export plate.tfgprt -o new/folders/my plate.GLB").status, 2) << "an unquoted blank";
     EXPECT_EQ(run("export plate.tfgprt -o 'new/folders/my plate.GLB'").output, "new/folders/my_plate.glb\n");
     EXPECT_EQ(run("export ./plate.tfgprt -o text.GLTF").output, "text/text.gltf\n");
-    const Outcome absolute = run("export plate.tfgprt -o '" + (folder / "a.glb") + "'");
-    EXPECT_EQ(absolute.output, (folder / "a.glb") + "\n");
-    EXPECT_EQ(absolute.errors, "");
-    EXPECT_EQ(readFile(folder / "a.glb"), readFile(folder / "plate.glb"));
+    const std::string absolute = folder / "a.glb";
+    EXPECT_EQ(run("export plate.tfgprt -o '" + absolute + "'").output, absolute + "\n");
+    EXPECT_EQ(readFile(absolute), readFile(folder / "plate.glb"));
     EXPECT_EQ(run("export plate.tfgprt -o idle.glb --thumbnails").errors,
               "orvane: warning: --thumbnails has no effect in this version\n");
     const Outcome quiet = run("export plate.tfgprt -o b.glb --quiet --thumbnails");
@@ -95,9 +92,9 @@ TEST_F(Command, TellsWrongUsageApart) {
     expectRefusal("", "command", 2);
     expectRefusal("draw", "draw", 2);
     expectRefusal("export", "MODEL is required", 2);
+    expectRefusal("export plate.tfgprt -o out/", "OUT has to end in a file name", 2);
     expectRefusal("export plate.tfgprt -o scene.obj",
                   "OUT has to end in a file name with .glb or .gltf, found 'scene.obj'", 2);
-    expectRefusal("export plate.tfgprt -o out/", "OUT has to end in a file name", 2);
     expectRefusal("export plate.tfgprt --colour", "--colour", 2);
     expectRefusal("export plate.tfgprt --deflection -1", "METRES has to be a number above 0, found '-1'", 2);
     EXPECT_EQ(run("--help").status, 0);
@@ -134,25 +131,21 @@ TEST_F(Command, AddsAndLeavesOutWhatItsOptionsSay) {
 }
 
 TEST_F(Command, WarnsOfPicturesAndGoesOn) {
-    writeFile(
-        folder / "painted.tfgprt",
-        part(
-            R"(, "appearances": [{"file": "old oak.tfm", "bumpTexture": "huge.bmp", "appliedTo": ["document"]}])"));
+    writeFile(folder / "painted.tfgprt", part(R"(, "appearances": [
+        {"file": "old oak.tfm", "bumpTexture": "huge.bmp", "appliedTo": ["document"]}])"));
     writeFile(folder / "huge.bmp", bmpPicture(60'000, 60'000, 9));
     const Outcome outcome = run("export painted.tfgprt --host-folder library");
-    EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "painted.glb\n");
-    const std::string here = std::filesystem::canonical(folder.path()).string();
-    EXPECT_EQ(outcome.errors,
-              "orvane: warning: the host folder library is not there\n"
-              "orvane: warning: the appearance file " +
-                  here +
-                  "/old oak.tfm cannot be read\n"
-                  "orvane: warning: the picture " +
-                  here +
-                  "/library/data/Images/textures/organic/wood/oak/polished oak.jpg is not there\n"
-                  "orvane: warning: the picture " +
-                  here + "/huge.bmp cannot be read as a picture; it is passed on as it is\n");
+    const std::string here = std::filesystem::canonical(folder.path()).string() + "/";
+    const std::string wood = here + "library/data/Images/textures/organic/wood/oak/polished oak.jpg";
+    std::string expected;
+    for (const std::string& warning :
+         {std::string("host folder library is not there"),
+          "appearance file " + here + "old oak.tfm cannot be read", "picture " + wood + " is not there",
+          "picture " + here + "huge.bmp cannot be read as a picture; it is passed on as it is"}) {
+        expected += "orvane: warning: the " + warning + "\n";
+    }
+    EXPECT_EQ(outcome.errors, expected);
     EXPECT_EQ(run("export painted.tfgprt --force --quiet").errors, "");
 }
 
@@ -170,23 +163,19 @@ TEST_F(Command, TakesPicturesFromTheHostFolder) {
     EXPECT_THAT(folder.names("sample"), testing::Contains("polished oak.jpg")) << "from the sample library";
 }
 
-TEST_F(Command, RefusesModelsThatItCannotRead) {
-    const std::pair<std::string, std::string> models[] = {{"empty.tfgprt", ""},
-                                                          {"cut.tfgprt", part().substr(0, 40)},
-                                                          {"binary.tfgprt", {"\x7F\x45LF\0\1\2", 7}},
-                                                          {"deep.tfgprt", std::string(100'000, '[')}};
+TEST_F(Command, RefusesModelsThatItCannotReadAndTargetsThatItCannotWrite) {
+    const std::map<std::string, std::string> models = {{"empty.tfgprt", ""},
+                                                       {"cut.tfgprt", part().substr(0, 40)},
+                                                       {"binary.tfgprt", {"\x7F\x45LF\0\1\2", 7}},
+                                                       {"deep.tfgprt", std::string(100'000, '[')}};
     for (const auto& [name, content] : models) {
         writeFile(folder / name, content);
         expectRefusal("export " + name, name);
     }
-    writeFile(folder / "plain.txt", "");
-    expectRefusal("export plain.txt", "expected .tfgprt, .tfgasm, .step or .stp");
+    writeFile(folder / "file", "");
+    expectRefusal("export file", "expected .tfgprt, .tfgasm, .step or .stp");
     expectRefusal("export .", "expected");
     expectRefusal("export missing.tfgprt -o new/folder/x.glb", "missing.tfgprt");
-}
-
-TEST_F(Command, RefusesTargetsThatCannotBeWritten) {
-    writeFile(folder / "file", "");
     expectRefusal("export plate.tfgprt -o file/x.glb", "cannot be made");
     expectRefusal("export plate.tfgprt -o new/" + std::string(300, 'n') + ".gltf",
                   "is longer than 255 bytes");
@@ -195,9 +184,9 @@ TEST_F(Command, RefusesTargetsThatCannotBeWritten) {
 }
 
 TEST_F(Command, LeavesNothingWhereThereIsNoRoom) {
-    std::string positions = "0";
-    for (int i = 1; i < 9 * 5000; ++i) {
-        positions += "," + std::to_string(i % 7);
+    std::string positions = "0,0,0,1,0,0,0,1,0";
+    for (int doubling = 0; doubling < 13; ++doubling) {
+        positions += "," + positions;
     }
     writeFile(folder / "big.tfgprt", R"({"bodies": [{"faces": [{"positions": [)" + positions + "]}]}]}");
     writeFile(folder / "x.glb", "before");

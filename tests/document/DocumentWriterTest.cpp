@@ -16,104 +16,51 @@ std::string documentText(GltfDocument& document) {
 
 TEST(DocumentWriter, WritesAnEmptyDocument) {
     GltfDocument document;
-    EXPECT_EQ(documentText(document),
-              "{\n"
-              "\t\"asset\": {\n"
-              "\t\t\"generator\": \"TESSAFORGEGLTF\",\n"
-              "\t\t\"version\" : \"2.0\"\n"
-              "\t},\n"
-              "\"extensionsUsed\": [ \"KHR_lights_punctual\", \"Tessaforge_custom_properties\" ],\n"
-              "\t\"scene\" : 2,\n"
-              "\t\"scenes\": [\n"
-              "\t],\n"
-              "\t\"nodes\": [\n"
-              "\t],\n"
-              "\t\"meshes\" : [\n"
-              "\t],\n"
-              "\t\"accessors\" : [\n"
-              "\t],\n"
-              "\t\"materials\": [\n"
-              "\t],\n"
-              "\t\"bufferViews\" : [\n"
-              "\t],\n"
-              "\t\"buffers\" : [\n"
-              "\t]\n"
-              "}\n");
-}
-
-TEST(DocumentWriter, WritesScenesWithAndWithoutExtensions) {
-    GltfDocument document;
-    document.scenes.resize(2);
-    document.scenes[0].name = "bare";
-    document.scenes[0].nodes = {0, 7};
-    document.scenes[1].name = "properties";
-    document.scenes[1].customProperties = {{"p", "v", 30}};
-    const std::string text = documentText(document);
-    const std::size_t begin = text.find("\t\"scenes\"");
-    EXPECT_EQ(text.substr(begin, text.find("\t\"nodes\": [\n\t]") - begin),
-              "\t\"scenes\": [\n"
-              "\t\t{\n"
-              "\t\t\t\"name\": \"bare\",\n"
-              "\t\t\t\"nodes\": [\n\t\t\t\t0, 7]"
-              "\n\t\t}\n"
-              "\t\t,\n"
-              "\t\t{\n"
-              "\t\t\t\"name\": \"properties\",\n"
-              "\t\t\t\"nodes\": [\n\t\t\t\t],\n"
-              "\t\t\t\"extensions\": {"
-              "\n\t\t\t\t\"Tessaforge_custom_properties\": { \n"
-              "\t\t\t\t\t\"custom_properties\": [\n"
-              "\t\t\t\t\t\t{ \"name\": \"p\", \"value\": \"v\", \"type\": \"Text\" }\n"
-              "\t\t\t\t\t]\n"
-              "\t\t\t\t}"
-              "\n\t\t\t}\n"
-              "\n\t\t}\n"
-              "\t],\n");
+    EXPECT_EQ(
+        documentText(document),
+        "{\n\t\"asset\": {\n\t\t\"generator\": \"TESSAFORGEGLTF\",\n\t\t\"version\" : \"2.0\"\n\t},\n"
+        "\"extensionsUsed\": [ \"KHR_lights_punctual\", \"Tessaforge_custom_properties\" ],\n"
+        "\t\"scene\" : 2,\n"
+        "\t\"scenes\": [\n\t],\n\t\"nodes\": [\n\t],\n\t\"meshes\" : [\n\t],\n\t\"accessors\" : [\n\t],\n"
+        "\t\"materials\": [\n\t],\n\t\"bufferViews\" : [\n\t],\n\t\"buffers\" : [\n\t]\n}\n");
 }
 
 TEST(DocumentWriter, SetsTheCommaBehindTheLightsByTheGeneralTablesAlone) {
     GltfDocument document;
     addRecord(document.lights).type = LightType::directional;
-    const std::string endOfLights = "\t\t\t\t}\n\t\t\t]\n";
-    EXPECT_NE(documentText(document).find(endOfLights + "\t\t}\n\t},\n"), std::string::npos);
+    const auto isWritten = [&](const std::string& text) {
+        return documentText(document).find("\t\t\t\t}\n\t\t\t]\n" + text) != std::string::npos;
+    };
+    EXPECT_TRUE(isWritten("\t\t}\n\t},\n"));
     document.designTable = ExportedTable{"D", {}, {{"x"}}};
-    EXPECT_NE(documentText(document).find(endOfLights + "\t\t}\n\t\t\"Tessaforge_design_table\" : {\n"),
-              std::string::npos);
-    document.designTable.reset();
+    EXPECT_TRUE(isWritten("\t\t}\n\t\t\"Tessaforge_design_table\" : {\n"));
     document.generalTables = {{}};
-    const std::string text = documentText(document);
-    EXPECT_NE(text.find(endOfLights + "\t\t},\n\t\t\"Tessaforge_general_tables\" : {\n"), std::string::npos);
-    EXPECT_NE(text.find("\n\t\t\t]\n\t\t}\n\t},\n\t\"meshes\""), std::string::npos);
+    EXPECT_TRUE(isWritten("\t\t},\n\t\t\"Tessaforge_general_tables\" : {\n"));
 }
 
-TEST(DocumentWriter, WritesOnlyCamerasWithAnIndex) {
+TEST(DocumentWriter, PassesOverCamerasWithoutAnIndexAndSeparatesTexturesThatAreNotWritten) {
     GltfDocument document;
     addRecord(document.cameras).index = -1;
-    EXPECT_NE(documentText(document).find("\t],\n\t\"cameras\": [\n\t],\n\t\"meshes\""), std::string::npos);
-}
-
-TEST(DocumentWriter, SeparatesAlsoTexturesThatAreNotWritten) {
-    GltfDocument document;
     addRecord(document.textures);
     addRecord(document.textures);
-    EXPECT_NE(documentText(document).find("\t\"textures\": [\n,\n\n\t],\n\t\"bufferViews\""),
-              std::string::npos);
+    const std::string text = documentText(document);
+    EXPECT_NE(text.find("\t],\n\t\"cameras\": [\n\t],\n\t\"meshes\""), std::string::npos);
+    EXPECT_NE(text.find("\t\"textures\": [\n,\n\n\t],\n\t\"bufferViews\""), std::string::npos);
 }
 
-TEST(DocumentWriter, CountsItsProgress) {
+TEST(DocumentWriter, TellsHowManyRecordsAreWritten) {
     GltfDocument document;
     addRecord(document.nodes);
     addRecord(document.cameras).index = -1;
     document.scenes.resize(3);
-    int calls = 0;
+    std::int32_t done = 0;
     document.progress.onChange = [&](const Progress& progress) {
-        ++calls;
         EXPECT_LE(progress.doneWork, progress.totalWork);
+        done = progress.doneWork;
     };
     documentText(document);
     EXPECT_EQ(document.progress.totalWork, 4);
-    EXPECT_EQ(document.progress.doneWork, 4);
-    EXPECT_GT(calls, 4);
+    EXPECT_EQ(done, 4);
 }
 
 } // namespace

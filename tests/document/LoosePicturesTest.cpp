@@ -12,11 +12,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct LoosePictures : testing::Test {
-    std::int32_t addPicture(const std::string& name) {
+    GltfImage& addPicture(const std::string& name) {
         GltfImage& image = addRecord(document.images);
         image.sourcePath = "/lib/" + name;
         image.name = name;
-        return image.index;
+        return image;
     }
     GltfTexture& addTexture(std::int32_t picture, bool isNormalMap = false) {
         GltfTexture& texture = addRecord(document.textures);
@@ -26,24 +26,19 @@ struct LoosePictures : testing::Test {
         return texture;
     }
     /// Settles with a copier that makes `.png` files of `.dds` files, and remembers what it was asked for.
-    void settle() {
+    /// Gives the texts of all textures, without tabs and line feeds.
+    std::vector<std::string> settledTexts() {
         settleLoosePictures(document, [&](const std::string& source, std::string& name, bool isNormalMap) {
             asked.push_back(source + " " + name + (isNormalMap ? " normal" : ""));
-            if (name.ends_with(".dds")) {
-                name.replace(name.size() - 4, 4, ".png");
-            }
+            name.replace(name.size() - 4, 4, ".png");
             return std::string();
         });
-    }
-    /// The texts of all textures, without tabs and line feeds.
-    std::vector<std::string> textureTexts() const {
         std::vector<std::string> texts;
         for (const auto& texture : document.textures) {
             TextStream out;
             writeTexture(out, document, *texture);
             texts.push_back(out.text());
-            std::erase_if(texts.back(),
-                          [](char character) { return character == '\t' || character == '\n'; });
+            std::erase_if(texts.back(), [](char c) { return c == '\t' || c == '\n'; });
         }
         return texts;
     }
@@ -53,39 +48,29 @@ struct LoosePictures : testing::Test {
 };
 
 TEST_F(LoosePictures, AreNamedAndCopiedAgainForEachTextureThatSharesThem) {
-    const std::int32_t picture = addPicture("bumps.dds");
-    addTexture(picture);
-    addTexture(picture, true);
-    addTexture(picture, true);
-    addTexture(picture);
-    settle();
-    EXPECT_THAT(asked, ElementsAre("/lib/bumps.dds bumps.dds", "/lib/bumps.dds n_bumps.png normal",
-                                   "/lib/bumps.dds n_n_bumps.png normal", "/lib/bumps.dds n_n_bumps.png"));
-    EXPECT_THAT(textureTexts(), ElementsAre(R"({"sampler": 0,"source": 0,"name": "bumps.png"})",
+    addPicture("bumps.dds");
+    for (const bool isNormalMap : {false, true, true, false}) {
+        addTexture(0, isNormalMap);
+    }
+    EXPECT_THAT(settledTexts(), ElementsAre(R"({"sampler": 0,"source": 0,"name": "bumps.png"})",
                                             R"({"sampler": 1,"source": 0,"name": "n_bumps.png"})",
                                             R"({"sampler": 2,"source": 0,"name": "n_n_bumps.png"})",
                                             R"({"sampler": 3,"source": 0,"name": "n_n_bumps.png"})"));
+    EXPECT_THAT(asked, ElementsAre("/lib/bumps.dds bumps.dds", "/lib/bumps.dds n_bumps.png normal",
+                                   "/lib/bumps.dds n_n_bumps.png normal", "/lib/bumps.dds n_n_bumps.png"));
     EXPECT_EQ(document.images[0]->name, "n_n_bumps.png");
 }
 
-TEST_F(LoosePictures, AreLeftAloneWithoutSampler) {
+TEST_F(LoosePictures, AreNeitherThoseWithoutSamplerNorThoseThatAreEmbedded) {
+    addPicture("loose.dds");
+    addPicture("embedded.dds").bufferView = 8;
     addTexture(-1);
-    addTexture(addPicture("a.dds"), true).sampler = -1;
-    settle();
+    addTexture(0, true).sampler = -1;
+    addTexture(1, true);
+    addTexture(1).sampler = -1;
+    EXPECT_THAT(settledTexts(), ElementsAre("", "", R"({"sampler": 2,"source": 1})", R"({"source": 1})"));
     EXPECT_THAT(asked, IsEmpty());
-    EXPECT_EQ(document.images[0]->name, "a.dds");
-    EXPECT_THAT(textureTexts(), ElementsAre("", ""));
-}
-
-TEST_F(LoosePictures, AreNoneOfThoseThatAreEmbedded) {
-    const std::int32_t picture = addPicture("a.dds");
-    document.images[0]->bufferView = 8;
-    document.images[0]->mimeType = "image/png";
-    addTexture(picture, true);
-    addTexture(picture).sampler = -1;
-    settle();
-    EXPECT_THAT(asked, IsEmpty());
-    EXPECT_THAT(textureTexts(), ElementsAre(R"({"sampler": 0,"source": 0})", R"({"source": 0})"));
+    EXPECT_EQ(document.images[0]->name, "loose.dds");
 }
 
 } // namespace

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <sstream>
 
 namespace orvane {
 namespace {
@@ -32,35 +31,16 @@ std::string summary(const std::string& name, const std::string& bytes) {
     return name + " " + std::to_string(bytes.size()) + " " + std::to_string(hashOf(bytes)) + "\n";
 }
 
-/// Each line ends with its line feed, so that a missing one shows.
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
-        lines.push_back(text.substr(at, end - at));
-        at = end;
-    }
-    return lines;
-}
-
-/// Fails with the place where the texts part: three lines before it, and the next ones of both.
+/// Fails with the line in which the texts part, and what follows it in both.
 void expectSame(const std::string& actual, const std::string& expected) {
-    const std::vector<std::string> now = linesOf(actual);
-    const std::vector<std::string> known = linesOf(expected);
-    const auto [here, there] = std::ranges::mismatch(now, known);
-    if (here == now.end() && there == known.end()) {
-        return;
+    const auto same = std::ranges::mismatch(actual, expected).in1 - actual.begin();
+    if (actual != expected) {
+        const std::string before = actual.substr(0, static_cast<std::size_t>(same));
+        const std::size_t start = before.rfind('\n') + 1;
+        ADD_FAILURE() << "line " << std::ranges::count(before, '\n') + 1 << " is another one; known:\n"
+                      << expected.substr(start, 300) << "\n\nnow:\n"
+                      << actual.substr(start, 300);
     }
-    std::ostringstream out;
-    const auto print = [&](const char* mark, auto line, auto end) {
-        for (; line != end; ++line) {
-            out << mark << *line;
-        }
-    };
-    print("  ", here - std::min<std::ptrdiff_t>(3, here - now.begin()), here);
-    print("- ", there, there + std::min<std::ptrdiff_t>(5, known.end() - there));
-    print("+ ", here, here + std::min<std::ptrdiff_t>(5, now.end() - here));
-    ADD_FAILURE() << "line " << here - now.begin() + 1 << " is another one:\n" << out.str();
 }
 
 /// The model in a session of its own, with all that can be asked for switched on.

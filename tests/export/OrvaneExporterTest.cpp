@@ -94,22 +94,22 @@ TEST_F(Driver, AsksBeforeItReplacesATextExportThatTheHostCouldNotSee) {
     EXPECT_NE(readFile(folder / "a/a.gltf"), "before");
 }
 
-TEST_F(Driver, NamesAnExportWithoutAPathByTheTitle) {
-    exporter.setOptions({.destinationDirectory = fromNarrow(folder.path().string())});
-    exporter.exportActiveDocument();
-    EXPECT_EQ(exporter.report().writtenFile, folder / "plate.glb");
-    exporter.setOption(&ExportOptions::defaultBinary, 0);
-    exporter.exportActiveDocument();
-    EXPECT_EQ(exporter.report().writtenFile, folder / "plate/plate.gltf");
-}
-
-TEST_F(Driver, TakesATextOfTheLanguageWhereTheTitleIsMissing) {
-    host = openEmbeddedHost(smallPart(u""));
-    COrvaneExporter untitled({.host = *host, .texts = &around});
-    untitled.setOptions({.destinationDirectory = fromNarrow(folder.path().string())});
-    untitled.exportActiveDocument();
-    EXPECT_EQ(untitled.report().writtenFile, folder / "text_127.glb");
+TEST_F(Driver, NamesAnExportWithoutAPathByTheTitleOrWhatStandsForIt) {
+    const auto exported = [&](const std::u16string& title, std::int16_t defaultBinary = kSwitchOn) {
+        const HostRef<HostApplication> other = openEmbeddedHost(smallPart(title));
+        COrvaneExporter named({.host = *other, .texts = &around});
+        named.setOptions(
+            {.defaultBinary = defaultBinary, .destinationDirectory = fromNarrow(folder.path().string())});
+        named.exportActiveDocument();
+        return named.report();
+    };
+    EXPECT_EQ(exported(u"plate.tfgprt").writtenFile, folder / "plate.glb");
+    EXPECT_EQ(exported(u"plate.tfgprt", kSwitchOff).writtenFile, folder / "plate/plate.gltf");
+    EXPECT_EQ(exported(u"").writtenFile, folder / "text_127.glb");
     EXPECT_THAT(readFile(folder / "text_127.glb"), HasSubstr("\"name\": \"text 127.x\""));
+    const ExportReport tooLong = exported(std::u16string(300, u't'));
+    EXPECT_EQ(tooLong.writtenFile, folder / "scene.glb");
+    EXPECT_THAT(tooLong.warnings, ElementsAre(HasSubstr("the title is no file name")));
 }
 
 TEST_F(Driver, KeepsPersistentOptionsInTheStore) {
@@ -152,13 +152,6 @@ TEST(CutAfterExtension, TakesTheLastWholeSuffixInLowerCase) {
     EXPECT_EQ(cutAfterExtension("agltf", "gltf"), "");
 }
 
-TEST(Export, EmptiesItselfSoThatASecondOneIsTheSame) {
-    ExportRun run(smallPart());
-    const std::string first = run.run("a.glb");
-    EXPECT_FALSE(first.empty());
-    EXPECT_EQ(run.run("b.glb"), first);
-}
-
 TEST(Export, PutsTheTextExportsBytesIntoTheBinaryOne) {
     ModelBuilder builder;
     ModelDocument& assembly = builder.assembly(u"top.tfgasm");
@@ -167,13 +160,14 @@ TEST(Export, PutsTheTextExportsBytesIntoTheBinaryOne) {
     ExportRun run(builder.take());
     const std::string glb = run.run("x.glb");
     const nlohmann::json gltf = run.json();
-    const std::string binary = readFile(run.folder / "x/a.bin") + readFile(run.folder / "x/a-1.bin");
-    EXPECT_EQ(glb.substr(glb.size() - binary.size()), binary);
-    EXPECT_EQ(run.folder.names(), (std::set<std::string>{"x", "x.glb"})) << "nothing else is left";
     const nlohmann::json inside = nlohmann::json::parse(glb.substr(20, glb.rfind("}\n") + 2 - 20));
+    const std::string binary = readFile(run.folder / "x/a.bin") + readFile(run.folder / "x/a-1.bin");
+    EXPECT_TRUE(glb.ends_with(binary));
     EXPECT_EQ(inside["buffers"].dump(), "[{\"byteLength\":" + std::to_string(binary.size()) + "}]");
     EXPECT_EQ(inside["bufferViews"][4]["byteOffset"], gltf["buffers"][0]["byteLength"]);
     EXPECT_EQ(inside["meshes"], gltf["meshes"]);
+    EXPECT_EQ(run.run("x.glb"), glb) << "nothing is left of the exports before";
+    EXPECT_EQ(run.folder.names(), (std::set<std::string>{"x", "x.glb"}));
 }
 
 TEST(Export, TouchesNoFileOfTheUsersButTheTarget) {
@@ -204,17 +198,7 @@ TEST(Export, TellsWhatWentWrongAndLeavesNoHalfWrittenTarget) {
     EXPECT_THAT(fault(run, "no/such/x.glb"), HasSubstr("cannot be made: No such file or directory"));
     std::filesystem::create_directory(run.folder / "taken.glb");
     EXPECT_THAT(fault(run, "taken.glb"), HasSubstr("taken.glb cannot be put in its place: Is a directory"));
-    writeFile(run.folder / "file", "");
-    EXPECT_THAT(fault(run, "file/x.glb"), HasSubstr("cannot be made"));
-    EXPECT_EQ(run.folder.names(), (std::set<std::string>{"file", "taken.glb"}));
-}
-
-TEST(Export, GivesATitleThatIsNoFileNameAShortOne) {
-    ExportRun run(smallPart(std::u16string(300, u't')));
-    run.exporter.setOptions({.destinationDirectory = Driver::fromNarrow(run.folder.path().string())});
-    run.exporter.exportActiveDocument();
-    EXPECT_EQ(run.exporter.report().writtenFile, run.folder / "scene.glb");
-    EXPECT_THAT(run.exporter.report().warnings, ElementsAre(HasSubstr("the title is no file name")));
+    EXPECT_EQ(run.folder.names(), std::set<std::string>{"taken.glb"});
 }
 
 } // namespace

@@ -8,18 +8,11 @@ import { tmpdir } from 'node:os';
 import path from 'node:path';
 
 // What an appearance of that name shows when it names no picture.
+const polished = ['ash', 'beech', 'birch', 'cherry', 'maple', 'oak', 'pine', 'rosewood', 'teak'];
 const colours = {
-    ash: 'polished ash.jpg',
-    beech: 'polished beech.jpg',
-    birch: 'polished birch.jpg',
-    cherry: 'polished cherry.jpg',
-    maple: 'polished maple.jpg',
-    oak: 'polished oak.jpg',
-    pine: 'polished pine.jpg',
-    rosewood: 'polished rosewood.jpg',
+    ...Object.fromEntries(polished.map((wood) => [wood, `polished ${wood}.jpg`])),
     satinwood: 'satinwood.jpg',
     spruce: 'spruce.jpg',
-    teak: 'polished teak.jpg',
     'blue marble': 'marble blue.jpg',
     'blue rough shiny marble': 'marble blue.jpg',
     'blue shiny marble': 'marble blue.jpg',
@@ -60,18 +53,14 @@ function picturesOf(name, folder) {
     }).trim();
     const text = JSON.parse(readFileSync(written, 'utf8'));
     const material = text.materials.find((each) => each.name === name);
-    const picture = (use) => {
-        if (!use) {
-            return null;
+    const [colour, finish] = [material?.pbrMetallicRoughness.baseColorTexture, material?.normalTexture].map((use) => {
+        const uri = use ? text.images[text.textures[use.index].source].uri : null;
+        if (uri) {
+            checkPicture(path.join(path.dirname(written), uri));
         }
-        const { uri } = text.images[text.textures[use.index].source];
-        checkPicture(path.join(path.dirname(written), uri));
         return uri;
-    };
-    return {
-        colour: picture(material?.pbrMetallicRoughness.baseColorTexture),
-        finish: picture(material?.normalTexture),
-    };
+    });
+    return { colour, finish };
 }
 
 // By its first bytes: what came from a DDS file has become a PNG file.
@@ -127,8 +116,6 @@ if (appearances.length === 0) {
     faults.push('the library holds no appearance');
 }
 
-for (const fault of faults) {
-    console.error(fault);
-}
+faults.forEach((fault) => console.error(fault));
 console.log(`${appearances.length} appearances, ${Object.keys({ ...colours, ...finishes }).length} names`);
 process.exitCode = faults.length > 0 ? 1 : 0;

@@ -3,8 +3,6 @@
 #include "model/records/ModelDefaults.h"
 #include "model/records/ModelRecords.h"
 
-#include <algorithm>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -29,9 +27,7 @@ inline FaceRecord triangleFaces(std::size_t count) {
 }
 
 inline Placement moved(double x, double y, double z) {
-    Placement placement = kIdentityPlacement;
-    std::copy_n(std::initializer_list<double>{x, y, z}.begin(), 3, placement.begin() + 9);
-    return placement;
+    return {1, 0, 0, 0, 1, 0, 0, 0, 1, x, y, z, 1, 0, 0, 0};
 }
 
 /// Turned by 90 degrees about z, then moved.
@@ -73,11 +69,7 @@ public:
 
     static ComponentRecord component(const std::u16string& name, const ModelDocument* document = nullptr,
                                      const Placement& placement = kIdentityPlacement) {
-        ComponentRecord made;
-        made.name = name;
-        made.document = document;
-        made.placement = placement;
-        return made;
+        return {.name = name, .document = document, .placement = placement};
     }
 
     Model take() { return std::move(model_); }
