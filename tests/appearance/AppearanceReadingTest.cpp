@@ -149,5 +149,24 @@ TEST_F(AppearanceReading, FindsTheIndexOfAPairOrMakesOne) {
     EXPECT_EQ(document.materials.size(), 3u);
 }
 
+TEST_F(AppearanceReading, TellsKindsOfEntitiesApart) {
+    AppearanceTable table(source);
+    GltfMaterial materials[5];
+    const auto kindOf = [](std::size_t i) { return static_cast<AppearanceKind>(i); };
+    for (std::size_t i = 0; i < 5; ++i) {
+        table.Register(kindOf(i), u"7", materials[i]);
+        table.Register(kindOf(i), 7, materials[i]);
+    }
+    for (const bool isThere : {true, false}) {
+        for (std::size_t i = 0; i < 5; ++i) {
+            GltfMaterial* const expected = isThere ? &materials[i] : nullptr;
+            const bool isFace = kindOf(i) == AppearanceKind::face;
+            EXPECT_EQ(table.Find(kindOf(i), u"7"), isFace ? nullptr : expected) << i;
+            EXPECT_EQ(table.Find(kindOf(i), 7), isFace ? expected : nullptr) << i;
+        }
+        table.Clear(false);
+    }
+}
+
 } // namespace
 } // namespace orvane::appearance
