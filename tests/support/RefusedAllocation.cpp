@@ -10,10 +10,14 @@ std::int64_t allocationsToGo = kNever; ///< until the refused one
 
 } // namespace
 
-// The tests' own `new`, from which that of arrays and of smaller alignment follows. Memory comes from
-// `malloc`, so that sanitizers see it.
+// The tests' own `new` of single objects, also for the libraries that they use. Memory comes from `malloc`,
+// so that sanitizers see it.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return allocationsToGo >= 0 && allocationsToGo-- == 0 ? nullptr : std::malloc(size);
+}
+
 void* operator new(std::size_t size) {
-    void* memory = allocationsToGo >= 0 && allocationsToGo-- == 0 ? nullptr : std::malloc(size);
+    void* memory = operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
@@ -25,6 +29,10 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
     std::free(memory);
 }
 
