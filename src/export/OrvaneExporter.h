@@ -74,7 +74,7 @@ public:
     std::int32_t hostRevision; ///< the host's major revision, as the host told it at connection
 
 private:
-    /// Whether an export began, and with it what it leaves behind.
+    /// Whether an export began. What it used up is emptied at its end; without one the request stays.
     enum class Progression { notBegun, ended };
 
     void onSaveAs(const std::u16string& path, const std::string& first, const std::string& second);
