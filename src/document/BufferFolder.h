@@ -1,8 +1,8 @@
 #pragma once
 
 #include "document/GeomStream.h"
-#include "platform/Memory.h"
 #include "platform/OutputFile.h"
+#include "platform/RecycledMemory.h"
 
 #include <memory_resource>
 #include <string>
@@ -41,8 +41,7 @@ public:
     virtual bool showsNames() const = 0;
 
 private:
-    std::pmr::unsynchronized_pool_resource memory_{
-        {.max_blocks_per_chunk = 64, .largest_required_pool_block = 64 * 1024}, &largePageMemory()};
+    RecycledMemory memory_;
 };
 
 } // namespace orvane

@@ -1,7 +1,6 @@
 #include "platform/Memory.h"
 
 #include <cstddef>
-#include <cstdlib>
 #include <new>
 #include <sys/mman.h>
 
@@ -11,26 +10,23 @@ namespace {
 
 constexpr std::size_t kLargePage = std::size_t{2} << 20;
 
+bool isLarge(std::size_t bytes) {
+    return bytes >= 2 * kLargePage;
+}
+
 class LargePageMemory final : public std::pmr::memory_resource {
     void* do_allocate(std::size_t bytes, std::size_t alignment) override {
-        if (bytes < 2 * kLargePage) {
+        if (!isLarge(bytes)) {
             return ::operator new(bytes, std::align_val_t(alignment));
         }
         const std::size_t rounded = (bytes + kLargePage - 1) / kLargePage * kLargePage;
-        void* memory = std::aligned_alloc(kLargePage, rounded);
-        if (!memory) {
-            throw std::bad_alloc();
-        }
+        void* memory = ::operator new(rounded, std::align_val_t(kLargePage));
         madvise(memory, rounded, MADV_HUGEPAGE);
         return memory;
     }
 
     void do_deallocate(void* memory, std::size_t bytes, std::size_t alignment) override {
-        if (bytes < 2 * kLargePage) {
-            ::operator delete(memory, std::align_val_t(alignment));
-        } else {
-            std::free(memory);
-        }
+        ::operator delete(memory, std::align_val_t(isLarge(bytes) ? kLargePage : alignment));
     }
 
     bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override {
