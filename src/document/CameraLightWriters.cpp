@@ -1,5 +1,7 @@
 #include "document/CameraLightWriters.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace orvane::document {
@@ -59,6 +61,17 @@ void writeLight(TextStream& out, const GltfLight& light) {
         << "\t\t\t\t\t],\n"
         << "\t\t\t\t\t\"type\" : \"" << lightTypeName(light.type) << "\"\n"
         << "\t\t\t\t}";
+}
+
+bool hasFiniteNumbers(const GltfCamera& camera) {
+    return camera.index < 0 || camera.isPerspective == 0 ||
+           (std::isfinite(camera.aspectRatio) && std::isfinite(camera.yfov));
+}
+
+bool hasFiniteNumbers(const GltfLight& light) {
+    const auto isFinite = [&](double part) { return std::isfinite(part * light.intensity); };
+    return std::ranges::all_of(light.color, isFinite) &&
+           (light.type == LightType::directional || std::isfinite(light.intensity));
 }
 
 } // namespace orvane::document

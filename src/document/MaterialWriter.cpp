@@ -1,5 +1,6 @@
 #include "document/MaterialWriter.h"
 
+#include <cmath>
 #include <string_view>
 
 namespace orvane::document {
@@ -93,6 +94,10 @@ void writeMaterial(TextStream& out, const GltfMaterial& material) {
         out << "\t\t\t\t" << sep << "\"alphaMode\": \"BLEND\"\n";
     }
     out << "\t\t\t}";
+}
+
+bool hasFiniteNumbers(const GltfMaterial& material) {
+    return std::isfinite(baseColor(material).alpha) && std::isfinite(roughnessFactor(material));
 }
 
 } // namespace orvane::document

@@ -9,4 +9,7 @@ namespace orvane::document {
 /// values that the record holds.
 void writeMaterial(TextStream& out, const GltfMaterial& material);
 
+/// Whether all numbers of the material's text are finite.
+bool hasFiniteNumbers(const GltfMaterial& material);
+
 } // namespace orvane::document

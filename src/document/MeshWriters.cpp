@@ -1,5 +1,7 @@
 #include "document/MeshWriters.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace orvane::document {
@@ -68,6 +70,11 @@ void writeAccessor(TextStream& out, const GltfAccessor& accessor) {
         out << "]\n";
     }
     out << "\t\t\t}";
+}
+
+bool hasFiniteNumbers(const GltfAccessor& accessor) {
+    return !accessor.bounds ||
+           std::ranges::all_of(*accessor.bounds, [](float bound) { return std::isfinite(bound); });
 }
 
 void writeBufferView(TextStream& out, const GltfBufferView& view) {

@@ -11,4 +11,7 @@ void writeAccessor(TextStream& out, const GltfAccessor& accessor);
 void writeBufferView(TextStream& out, const GltfBufferView& view);
 void writeBuffer(TextStream& out, const GltfBuffer& buffer);
 
+/// Whether all numbers of the accessor's text are finite.
+bool hasFiniteNumbers(const GltfAccessor& accessor);
+
 } // namespace orvane::document

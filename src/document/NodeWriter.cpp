@@ -3,6 +3,8 @@
 #include "document/ExtensionWriters.h"
 #include "document/NearEquality.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace orvane {
@@ -105,9 +107,14 @@ void writeNode(TextStream& out, const GltfDocument& document, const GltfNode& no
 }
 
 bool isStrictJson(const GltfNode& node) {
-    const bool hasKeyBefore =
-        !node.children.empty() || !isIdentity(node.matrix) || node.mesh >= 0 || node.camera >= 0;
-    return node.comments.empty() || node.light >= 0 || !hasKeyBefore;
+    const auto hasKeyBefore = [&] {
+        return !node.children.empty() || node.mesh >= 0 || node.camera >= 0 || !isIdentity(node.matrix);
+    };
+    return node.comments.empty() || node.light >= 0 || !hasKeyBefore();
+}
+
+bool hasFiniteNumbers(const GltfNode& node) {
+    return std::ranges::all_of(node.matrix, [](double number) { return std::isfinite(number); });
 }
 
 } // namespace orvane

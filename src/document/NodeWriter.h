@@ -12,4 +12,7 @@ void writeNode(TextStream& out, const GltfDocument& document, const GltfNode& no
 /// a placement, but no light, begin with a comma that they refuse.
 bool isStrictJson(const GltfNode& node);
 
+/// Whether all numbers of the node's text are finite.
+bool hasFiniteNumbers(const GltfNode& node);
+
 } // namespace orvane

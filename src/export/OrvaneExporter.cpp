@@ -2,14 +2,12 @@
 
 #include "document/AsciiNames.h"
 #include "document/DiskBufferFolder.h"
-#include "document/NodeWriter.h"
 #include "document/WorkingBufferFolder.h"
 #include "export/SceneFiles.h"
 #include "export/TargetFolder.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
 
-#include <algorithm>
 #include <charconv>
 #include <exception>
 #include <new>
@@ -182,10 +180,6 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc, cons
     }
     if (!report_.hasFailed()) {
         report_.writtenFile = nativePath(target.file());
-        if (!std::ranges::all_of(document_.nodes, [](const auto& node) { return isStrictJson(*node); })) {
-            report_.warn("the result holds comments of components that are shown, and so, as this format "
-                         "has it, no strict JSON: many viewers will not open it");
-        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include "document/DocumentWriter.h"
 #include "document/GlbMerge.h"
 #include "document/GlbWriter.h"
+#include "document/StrictJson.h"
 #include "export/PictureFolder.h"
 #include "platform/Files.h"
 #include "platform/OutputFile.h"
@@ -30,6 +31,14 @@ void writeWholeText(GltfDocument& document, std::int32_t activeScene, TextStream
     gltf.drainAll();
 }
 
+/// Called when the names of pictures are settled and those of embedded ones are out of the text, and before
+/// the target stands in its place, so that memory that the warnings lack leaves none behind.
+void warnOfStrictReaders(const GltfDocument& document, ExportReport& report) {
+    for (const std::string& reason : reasonsOfStrictReaders(document)) {
+        report.warn(reason);
+    }
+}
+
 void putInPlace(OutputFile& file, const ExportTarget& target, ExportReport& report) {
     if (!file.moveTo(target.file())) {
         report.fail(nativePath(target.file()) + " " + file.error());
@@ -43,6 +52,7 @@ void writeTextScene(GltfDocument& document, std::int32_t activeScene, const Expo
     OutputFile file = OutputFile::createTemporary(target.destinationFolder);
     PictureFolder pictures(target.destinationFolder, report);
     settleLoosePictures(document, pictures.copier());
+    warnOfStrictReaders(document, report);
     writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
     putInPlace(file, target, report);
     if (!report.hasFailed()) {
@@ -57,6 +67,7 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
         return;
     }
     settleLoosePictures(document, copyNoPicture);
+    warnOfStrictReaders(document, report);
     OutputFile file = OutputFile::createTemporary(target.destinationFolder);
     GlbWriter glb(file);
     glb.writeHeader();

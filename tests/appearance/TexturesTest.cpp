@@ -131,6 +131,21 @@ TEST_F(Textures, ShowTheFirstOfTwoPicturesOfOneName) {
     EXPECT_THAT(run->exporter.report().warnings, IsEmpty()) << "inside they do not meet";
 }
 
+TEST_F(Textures, AreWarnedOfWhereStrictReadersRefuseTheNameThatTheyGet) {
+    picture("converted.\"dds", ddsPicture());
+    picture("5\".png", pngPicture("a"));
+    paint("converted.\"dds", "");
+    EXPECT_EQ(urisOf(exported())[0], "converted.png");
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty());
+    paint("5\".png", "");
+    open();
+    EXPECT_FALSE(nlohmann::json::accept(run->run("x.gltf")));
+    EXPECT_THAT(run->exporter.report().warnings,
+                ElementsAre(HasSubstr("a quotation mark in the name of a texture (5\".png)")));
+    EXPECT_THAT(urisOf(jsonOf(run->run("y.glb"))), ElementsAre("image/png", "image/png"));
+    EXPECT_THAT(run->exporter.report().warnings, IsEmpty()) << "embedded pictures have no name";
+}
+
 TEST_F(Textures, AreEmbeddedInABinaryFile) {
     picture("a.jpg", jpegPicture("a"));
     picture("n.dds", ddsPicture());

@@ -19,6 +19,7 @@ Model changingModel() {
     press.components = {ModelBuilder::component(u"frame, with a name that needs memory", &ram),
                         ModelBuilder::component(u"ram", &ram, moved(0, 1, 0))};
     press.components[0].state = kComponentLightweight;
+    ram.features = {{.name = u"Comments", .type = u"CommentsFolder", .comments = {{u"n", u"for a warning"}}}};
     press.configurations = {ModelBuilder::configuration(u"Open, with a name that needs memory", {u"A"}),
                             ModelBuilder::configuration(u"Closed, with a name that needs memory", {u"A"})};
     press.configurations[1].placements = {{u"ram", moved(0, 2, 0)}};
