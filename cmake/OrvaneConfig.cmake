@@ -1,5 +1,6 @@
 include(CMakeFindDependencyMacro)
 list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
 find_dependency(FreeImage MODULE)
+find_dependency(ZLIB)
 list(POP_FRONT CMAKE_MODULE_PATH)
 include(${CMAKE_CURRENT_LIST_DIR}/OrvaneTargets.cmake)

@@ -154,7 +154,7 @@ bool writeChannels(AnimationTracks& animation, GltfDocument& document, const Cha
     }
     content.pieces.push_back(std::as_bytes(all));
     noteFile(document, target, buffer.uri, content.pieces.back());
-    target.folder.write(buffer.uri, std::move(content));
+    target.folder.write(buffer.uri, std::move(content), Existing::givesWay);
     return !target.report.hasFailed();
 }
 

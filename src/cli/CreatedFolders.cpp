@@ -1,36 +1,26 @@
 #include "cli/CreatedFolders.h"
 
-#include <ranges>
+#include "platform/Files.h"
 
 namespace orvane::cli {
 
-namespace fs = std::filesystem;
-
 CreatedFolders::~CreatedFolders() {
-    for (const fs::path& folder : created_ | std::views::reverse) {
-        std::error_code ignored;
-        fs::remove(folder, ignored);
+    while (!made_.empty()) {
+        made_.pop_back();
     }
 }
 
-std::optional<std::string> CreatedFolders::create(const fs::path& folder) {
-    std::vector<fs::path> missing;
-    std::error_code fault;
-    for (fs::path at = folder.lexically_normal(); !at.empty() && !fs::exists(at, fault);
-         at = at.parent_path()) {
-        if (at.has_filename()) {
-            missing.push_back(at);
+std::optional<std::string> CreatedFolders::create(const std::filesystem::path& folder) {
+    std::filesystem::path reached;
+    for (const std::filesystem::path& step : folder.lexically_normal()) {
+        reached /= step;
+        if (pathExists(reached.string())) {
+            continue;
         }
-        if (at == at.parent_path()) {
-            break;
+        const MadeFolder& made = made_.emplace_back(reached.string());
+        if (!made.error().empty()) {
+            return "the folder " + reached.string() + " cannot be made: " + made.error();
         }
-    }
-    for (const fs::path& next : missing | std::views::reverse) {
-        if (!fs::create_directory(next, fault)) {
-            return "the folder " + next.string() + " cannot be made: " +
-                   (fault ? fault.message() : std::string("something else stands there"));
-        }
-        created_.push_back(next);
     }
     return std::nullopt;
 }

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "platform/MadeFolder.h"
+
+#include <deque>
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace orvane::cli {
 
-/// Folders that were made for a result. They go again at the end, if they are empty, unless they are kept.
+/// The folders that a result needs. Those that were made for it go again at the end if they are empty.
 class CreatedFolders {
 public:
     CreatedFolders() = default;
@@ -18,10 +20,9 @@ public:
     /// Makes a folder and every missing one above it. Gives a sentence on what is in the way, nothing when
     /// all are there.
     std::optional<std::string> create(const std::filesystem::path& folder);
-    void keep() { created_.clear(); }
 
 private:
-    std::vector<std::filesystem::path> created_; ///< outermost first
+    std::deque<MadeFolder> made_; ///< outermost first
 };
 
 } // namespace orvane::cli

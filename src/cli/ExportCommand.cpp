@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <new>
+#include <string_view>
 
 namespace orvane::cli {
 
@@ -33,8 +35,8 @@ std::string requestPath(const std::string& output) {
     return (folder / path.stem()).string() + lowerExtension(path);
 }
 
-void warn(const std::string& warning) {
-    std::cerr << "orvane: warning: " << onOneLine(warning) << "\n";
+void warn(std::string_view warning) {
+    printOnOneLine(std::cerr, "orvane: warning: ", warning);
 }
 
 void printWarnings(const ExportArguments& arguments, const std::vector<std::string>& readingWarnings,
@@ -43,23 +45,31 @@ void printWarnings(const ExportArguments& arguments, const std::vector<std::stri
         warn("--thumbnails has no effect in this version");
     }
     if (!arguments.hostFolder.empty() && !fs::is_directory(arguments.hostFolder)) {
-        std::cerr << "orvane: warning: the host folder " << arguments.hostFolder << " is not there\n";
+        warn("the host folder " + arguments.hostFolder + " is not there");
     }
     std::ranges::for_each(readingWarnings, warn);
     std::ranges::for_each(report.warnings, warn);
 }
 
-bool refuse(const std::string& reason) {
-    std::cerr << "orvane: " << onOneLine(reason) << "\n";
+bool refuse(std::string_view reason) {
+    printOnOneLine(std::cerr, "orvane: ", reason);
     return false;
 }
 
+/// The path as a person would write it.
+std::string shownPath(const ExportTarget& target) {
+    return fs::path(nativePath(target.file())).lexically_normal().string();
+}
+
 bool mayWrite(const ExportTarget& target, bool force) {
-    const std::string file = fs::path(nativePath(target.file())).lexically_normal().string();
+    const std::string file = shownPath(target);
     std::error_code ignored;
     const fs::file_status status = fs::symlink_status(file, ignored);
     if (fs::is_directory(status)) {
         return refuse(file + " is a folder; choose another name with -o");
+    }
+    if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_symlink(status)) {
+        return refuse(file + " is no file; choose another name with -o");
     }
     if (fs::exists(status) && !force) {
         return refuse(file + " exists already; replace it with --force, or choose another name with -o");
@@ -67,19 +77,21 @@ bool mayWrite(const ExportTarget& target, bool force) {
     return true;
 }
 
-/// Whether an export has its result; prints what there is to tell of it.
-bool isComplete(const ExportArguments& arguments, const std::vector<std::string>& readingWarnings,
-                const ExportReport& report) {
-    if (!arguments.quiet) {
-        printWarnings(arguments, readingWarnings, report);
+/// Prints what there is to tell of an export. What has become of it does not depend on that any more.
+void printOutcome(const ExportArguments& arguments, const std::vector<std::string>& readingWarnings,
+                  const ExportReport& report, const std::string& file) {
+    try {
+        if (!arguments.quiet) {
+            printWarnings(arguments, readingWarnings, report);
+        }
+    } catch (const std::bad_alloc&) {
+        warn("there is not enough memory to tell all warnings");
     }
     if (report.hasFailed()) {
-        return refuse(std::string(report.firstError()));
+        refuse(report.firstError());
+    } else if (!arguments.quiet && !(std::cout << file << std::endl)) {
+        warn("the path of the result cannot be written to standard output");
     }
-    if (!arguments.quiet) {
-        std::cout << fs::path(report.writtenFile).lexically_normal().string() << std::endl;
-    }
-    return true;
 }
 
 } // namespace
@@ -94,7 +106,7 @@ std::optional<std::string> outputFault(const std::string& output) {
 }
 
 int runExport(const ExportArguments& arguments) {
-    ExportRequest request;
+    ExportRequest request{.mayReplace = arguments.force};
     if (!arguments.output.empty()) {
         request.exportPath = requestPath(arguments.output);
         // Asked here too, so that nobody waits for a large model in vain.
@@ -122,15 +134,14 @@ int runExport(const ExportArguments& arguments) {
         refuse(*fault);
         return 1;
     }
+    const std::string shown = shownPath(target);
     display.listenTo(exporter.progress());
     exporter.exportActiveDocument();
     display.clear();
 
-    if (!isComplete(arguments, readingWarnings, exporter.report())) {
-        return 1;
-    }
-    folders.keep();
-    return 0;
+    const ExportReport& report = exporter.report();
+    printOutcome(arguments, readingWarnings, report, shown);
+    return report.hasFailed() ? 1 : 0;
 }
 
 } // namespace orvane::cli

@@ -3,6 +3,7 @@
 #include "document/GeomStream.h"
 #include "platform/OutputFile.h"
 #include "platform/RecycledMemory.h"
+#include "platform/StagedFolder.h"
 
 #include <memory_resource>
 #include <string>
@@ -31,9 +32,10 @@ public:
 
     /// Whether a file of that name is there.
     virtual bool contains(const std::string& name) const = 0;
-    /// Writes the content as the file of that name, in place of one that is there. Fails quietly: the fault
-    /// goes to the export's report, and later calls do nothing.
-    virtual void write(const std::string& name, BufferContent content) = 0;
+    /// Writes the content as the file of that name, in place of one that this export has written. What was in
+    /// the folder before stays or gives way; where it stays, it is a fault that it is there. Fails quietly:
+    /// the fault goes to the export's report, and later calls do nothing.
+    virtual void write(const std::string& name, BufferContent content, Existing existing) = 0;
     /// Gives back the memory that earlier contents still hold; called before the next node's triangles are
     /// gathered.
     virtual void settle() {}

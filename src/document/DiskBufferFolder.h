@@ -2,31 +2,25 @@
 
 #include "document/BufferFolder.h"
 #include "document/ExportReport.h"
+#include "platform/StagedFolder.h"
 
 #include <string>
-#include <vector>
 
 namespace orvane {
 
-/// A real folder. Takes the files that it made away again at its end, unless they are kept: a failed export
-/// leaves none.
+/// A real folder, in which the files come into being when all that belongs to the export is complete.
 class DiskBufferFolder : public BufferFolder {
 public:
-    /// `folder` has to be there; `report` gets the first fault and outlives the object.
-    DiskBufferFolder(std::string folder, ExportReport& report);
-    ~DiskBufferFolder() override;
+    /// `staged` takes the files; `report` gets the first fault. Both outlive the object.
+    DiskBufferFolder(StagedFolder& staged, ExportReport& report) : staged_(staged), report_(report) {}
 
-    bool contains(const std::string& name) const override;
-    void write(const std::string& name, BufferContent content) override;
+    bool contains(const std::string& name) const override { return staged_.contains(name); }
+    void write(const std::string& name, BufferContent content, Existing existing) override;
     bool showsNames() const override { return true; }
 
-    /// Lets the files stay that were written so far.
-    void keep() { written_.clear(); }
-
 private:
-    std::string folder_;
+    StagedFolder& staged_;
     ExportReport& report_;
-    std::vector<std::string> written_;
 };
 
 } // namespace orvane

@@ -1,7 +1,6 @@
 #include "document/GlbMerge.h"
 
 #include "platform/AsciiCase.h"
-#include "platform/Files.h"
 
 namespace orvane {
 
@@ -41,7 +40,7 @@ std::int64_t moveViews(GltfDocument& document) {
 } // namespace
 
 std::vector<FileRange> mergeBuffers(GltfDocument& document, WorkingBufferFolder& folder,
-                                    const PictureCopier& copyPicture) {
+                                    const PictureMaker& makePicture) {
     std::vector<FileRange> ranges;
     std::int64_t length = moveViews(document);
     for (const auto& buffer : document.buffers) {
@@ -54,20 +53,20 @@ std::vector<FileRange> mergeBuffers(GltfDocument& document, WorkingBufferFolder&
             continue;
         }
         GltfImage& image = *document.images[static_cast<std::size_t>(texture->source)];
-        const std::string path = copyPicture(image.sourcePath, image.name, texture->isNormalMap);
-        const std::optional<FileRange> range = folder.appendFile(path);
-        if (!range) {
+        const std::optional<OutputFile> picture =
+            makePicture(image.sourcePath, image.name, texture->isNormalMap);
+        if (!picture) {
             continue;
         }
-        removeFile(path);
-        appendRange(ranges, *range);
+        const FileRange range = folder.append(*picture);
+        appendRange(ranges, range);
         image.mimeType = mimeTypeOf(image.name);
         image.bufferView = static_cast<std::int32_t>(document.bufferViews.size());
         GltfBufferView& view = addRecord(document.bufferViews);
         view.buffer = 0;
         view.byteOffset = length;
-        view.byteLength = range->length;
-        length += range->length;
+        view.byteLength = range.length;
+        length += range.length;
     }
     document.buffers.clear();
     addRecord(document.buffers).byteLength = length;

@@ -14,6 +14,6 @@ namespace orvane {
 /// that cannot be made stays an image with a file name. A picture that two textures share is embedded twice,
 /// and its image shows the later copy.
 std::vector<FileRange> mergeBuffers(GltfDocument& document, WorkingBufferFolder& folder,
-                                    const PictureCopier& copyPicture);
+                                    const PictureMaker& makePicture);
 
 } // namespace orvane

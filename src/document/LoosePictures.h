@@ -1,17 +1,22 @@
 #pragma once
 
 #include "document/GltfDocument.h"
+#include "platform/OutputFile.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace orvane {
 
-/// Brings the picture at `sourcePath` into a folder as a file named `name`, which may change when the picture
-/// is converted. Gives the path of the file that came into being; empty when none did, of which the copier
-/// tells whom it has to.
-using PictureCopier =
-    std::function<std::string(const std::string& sourcePath, std::string& name, bool isNormalMap)>;
+/// Makes a file of the picture at `sourcePath`, of which `name` is the name; it changes when the picture is
+/// converted. Gives nothing where that fails, of which the maker tells whom it has to.
+using PictureMaker = std::function<std::optional<OutputFile>(const std::string& sourcePath, std::string& name,
+                                                             bool isNormalMap)>;
+
+/// Brings the picture at `sourcePath` into a folder as a file named `name`, which may change. It tells whom
+/// it has to where it does not.
+using PictureCopier = std::function<void(const std::string& sourcePath, std::string& name, bool isNormalMap)>;
 
 /// Settles the names of the pictures that are not embedded, in the order of the textures, and brings them
 /// into the folder of `copyPicture`. Each texture that is written without an embedded picture has its picture

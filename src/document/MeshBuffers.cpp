@@ -209,7 +209,7 @@ void writeMeshBuffers(GltfDocument& document, GltfNode& node, GeomStreams& strea
     std::string name = node.name + ".bin";
     fileSafeName(name);
     buffer.uri = target.names.claim(name, buffer.index, target.folder, target.report);
-    target.folder.write(buffer.uri, std::move(content));
+    target.folder.write(buffer.uri, std::move(content), Existing::stays);
 }
 
 } // namespace orvane

@@ -24,11 +24,11 @@ std::int64_t sizeOf(const BufferContent& content) {
 } // namespace
 
 WorkingBufferFolder::WorkingBufferFolder(const std::string& folder, ExportReport& report)
-    : folder_(folder), report_(report), file_(OutputFile::createNameless(folder)) {
+    : folder_(folder), report_(report), file_(OutputFile::create(folder)) {
     reportFault();
 }
 
-void WorkingBufferFolder::write(const std::string& name, BufferContent content) {
+void WorkingBufferFolder::write(const std::string& name, BufferContent content, Existing) {
     if (report_.hasFailed()) {
         return;
     }
@@ -60,12 +60,12 @@ std::optional<FileRange> WorkingBufferFolder::find(const std::string& name) cons
     return found == ranges_.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::optional<FileRange> WorkingBufferFolder::appendFile(const std::string& path) {
+FileRange WorkingBufferFolder::append(const OutputFile& file) {
     writeHeld();
-    const std::int64_t start = file_.position();
-    const std::optional<std::int64_t> length = file_.appendFile(path);
+    const FileRange range{file_.position(), file.position()};
+    file_.append(file, 0, file.position());
     reportFault();
-    return length ? std::optional(FileRange{start, *length}) : std::nullopt;
+    return range;
 }
 
 void WorkingBufferFolder::copyTo(OutputFile& target, const FileRange& range) const {

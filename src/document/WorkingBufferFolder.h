@@ -28,14 +28,14 @@ public:
     WorkingBufferFolder(const std::string& folder, ExportReport& report);
 
     bool contains(const std::string& name) const override { return ranges_.contains(name); }
-    void write(const std::string& name, BufferContent content) override;
+    void write(const std::string& name, BufferContent content, Existing existing) override;
     bool showsNames() const override { return false; }
     void settle() override;
 
     /// Where the bytes of the file of that name stand; nothing when there is none.
     std::optional<FileRange> find(const std::string& name) const;
-    /// Appends a file of the disk, without a name; nothing when it cannot be read.
-    std::optional<FileRange> appendFile(const std::string& path);
+    /// Appends a whole file, without a name. A fault goes to the report.
+    FileRange append(const OutputFile& file);
     /// Appends the bytes of `range` to `target`. A range begins and ends where contents do.
     void copyTo(OutputFile& target, const FileRange& range) const;
 

@@ -6,12 +6,13 @@
 
 namespace orvane {
 
-/// What an export is asked for. Paths are narrow, with `\` or `/` between folders. All empty between exports.
+/// What an export is asked for. Paths are narrow, with `\` or `/` between folders, and empty between exports.
 struct ExportRequest {
     std::string saveAsPath{};      ///< full path from the host's Save As; goes first
     std::string exportPath{};      ///< full path from any other caller
     std::string appearanceFile{};  ///< an appearance to render instead of the model
     std::string appearanceImage{}; ///< the picture file of that rendering
+    bool mayReplace = true;        ///< whether a result that is there already gives way
 };
 
 /// Where an export goes.

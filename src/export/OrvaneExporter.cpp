@@ -91,14 +91,16 @@ std::optional<std::string> COrvaneExporter::titleFault() {
 }
 
 bool COrvaneExporter::mayReplace(const ExportTarget& target) {
+    if (!request_.mayReplace) {
+        return !nameIsTaken(target.file());
+    }
     if (target.fileExtension != "gltf" || request_.saveAsPath.empty()) {
         return true;
     }
     // The host's own dialog has asked about a file in the chosen folder itself; the one that is written lies
     // below it.
     const std::string file = target.fileName + "." + target.fileExtension;
-    if (canOpenForReading(target.destinationFolderPre + file) ||
-        !canOpenForReading(target.destinationFolder + file)) {
+    if (nameIsTaken(target.destinationFolderPre + file) || !nameIsTaken(target.destinationFolder + file)) {
         return true;
     }
     return surroundings_.prompts &&
@@ -169,38 +171,53 @@ void COrvaneExporter::exportDocument(const HostRef<HostModelDoc>& modelDoc, cons
                      "; choose a shorter one");
         return;
     }
-    const exporter::TargetFolder folder(target.destinationFolder, report_);
+    const exporter::TargetFolder folder(target.destinationFolder, !target.isBinary(), report_);
     if (report_.hasFailed()) {
         return;
     }
+    StagedFolder staged(target.destinationFolder, folder.isNew());
+    const exporter::SceneFile scene{target.fullFileName(),
+                                    request_.mayReplace ? Existing::givesWay : Existing::stays};
+    std::string written = nativePath(target.file());
     if (target.isBinary()) {
-        exportBinary(modelDoc, target);
+        exportBinary(modelDoc, scene, staged);
     } else {
-        exportText(modelDoc, target);
+        exportText(modelDoc, scene, staged);
     }
     if (!report_.hasFailed()) {
-        report_.writtenFile = nativePath(target.file());
-    }
-}
-
-void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
-    DiskBufferFolder folder(target.destinationFolder, report_);
-    const std::int32_t activeScene =
-        exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
-    if (!report_.hasFailed()) {
-        exporter::writeTextScene(document_, activeScene, target, report_);
-    }
-    if (!report_.hasFailed()) {
-        folder.keep();
+        report_.writtenFile = std::move(written);
+        warnOfLeftBehind(staged);
     }
 }
 
-void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target) {
-    WorkingBufferFolder folder(target.destinationFolder, report_);
+/// There is a result already: where there is no memory left for such a warning, it is left out.
+void COrvaneExporter::warnOfLeftBehind(const StagedFolder& staged) noexcept {
+    try {
+        for (const std::string& path : staged.leftBehind()) {
+            report_.warn(path + " could not be taken away");
+        }
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
+
+void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const exporter::SceneFile& scene,
+                                 StagedFolder& staged) {
+    DiskBufferFolder folder(staged, report_);
     const std::int32_t activeScene =
         exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
     if (!report_.hasFailed()) {
-        exporter::writeBinaryScene(document_, activeScene, folder, target, report_);
+        exporter::writeTextScene(document_, activeScene, scene, staged, report_);
+    }
+}
+
+void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const exporter::SceneFile& scene,
+                                   StagedFolder& staged) {
+    WorkingBufferFolder folder(staged.path(), report_);
+    const std::int32_t activeScene =
+        exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
+    if (!report_.hasFailed()) {
+        exporter::writeBinaryScene(document_, activeScene, scene, folder, staged, report_);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "export/DocumentBuilding.h"
 #include "export/ExportOptions.h"
 #include "export/ExportTarget.h"
+#include "export/SceneFiles.h"
 #include "host/HostApplication.h"
 #include "platform/LanguageTexts.h"
 #include "platform/SettingsStore.h"
@@ -83,8 +84,11 @@ private:
     void refuseHost() noexcept;
     Progression runRequest();
     void exportDocument(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
-    void exportText(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
-    void exportBinary(const HostRef<HostModelDoc>& modelDoc, const ExportTarget& target);
+    void exportText(const HostRef<HostModelDoc>& modelDoc, const exporter::SceneFile& scene,
+                    StagedFolder& staged);
+    void exportBinary(const HostRef<HostModelDoc>& modelDoc, const exporter::SceneFile& scene,
+                      StagedFolder& staged);
+    void warnOfLeftBehind(const StagedFolder& staged) noexcept;
     exporter::DocumentSource documentSource(const HostRef<HostModelDoc>& modelDoc);
     void finish() noexcept;
     std::string languageText(std::int32_t number) const;

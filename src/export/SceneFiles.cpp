@@ -4,7 +4,7 @@
 #include "document/GlbMerge.h"
 #include "document/GlbWriter.h"
 #include "document/StrictJson.h"
-#include "export/PictureFolder.h"
+#include "export/ScenePictures.h"
 #include "platform/Files.h"
 #include "platform/OutputFile.h"
 
@@ -18,9 +18,7 @@ namespace {
 constexpr std::int64_t kLargestBinary = std::numeric_limits<std::uint32_t>::max();
 
 /// A picture that could not be embedded stays outside, under its name alone.
-std::string copyNoPicture(const std::string&, std::string&, bool) {
-    return {};
-}
+void copyNoPicture(const std::string&, std::string&, bool) {}
 
 void writeWholeText(GltfDocument& document, std::int32_t activeScene, TextStream::Drain drain) {
     TextStream gltf;
@@ -39,36 +37,36 @@ void warnOfStrictReaders(const GltfDocument& document, ExportReport& report) {
     }
 }
 
-void putInPlace(OutputFile& file, const ExportTarget& target, ExportReport& report) {
-    if (!file.moveTo(target.file())) {
-        report.fail(nativePath(target.file()) + " " + file.error());
+/// The last step of an export: behind it there is a result.
+void putInPlace(OutputFile file, const SceneFile& scene, StagedFolder& staged, ExportReport& report) {
+    if (const auto fault = staged.placeAll(scene.name, std::move(file), scene.existing)) {
+        report.fail(*fault);
     }
 }
 
 } // namespace
 
-void writeTextScene(GltfDocument& document, std::int32_t activeScene, const ExportTarget& target,
-                    ExportReport& report) {
-    OutputFile file = OutputFile::createTemporary(target.destinationFolder);
-    PictureFolder pictures(target.destinationFolder, report);
-    settleLoosePictures(document, pictures.copier());
-    warnOfStrictReaders(document, report);
-    writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
-    putInPlace(file, target, report);
-    if (!report.hasFailed()) {
-        pictures.keep();
+void writeTextScene(GltfDocument& document, std::int32_t activeScene, const SceneFile& scene,
+                    StagedFolder& staged, ExportReport& report) {
+    settleLoosePictures(document, stagePictures(staged, report));
+    if (report.hasFailed()) {
+        return;
     }
+    warnOfStrictReaders(document, report);
+    OutputFile file = OutputFile::create(staged.path());
+    writeWholeText(document, activeScene, [&](std::string_view text) { file.write(text); });
+    putInPlace(std::move(file), scene, staged, report);
 }
 
-void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingBufferFolder& folder,
-                      const ExportTarget& target, ExportReport& report) {
-    const std::vector<FileRange> ranges = mergeBuffers(document, folder, WorkingPictures(report).copier());
+void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, const SceneFile& scene,
+                      WorkingBufferFolder& folder, StagedFolder& staged, ExportReport& report) {
+    const std::vector<FileRange> ranges = mergeBuffers(document, folder, makePictures(staged.path(), report));
     if (report.hasFailed()) {
         return;
     }
     settleLoosePictures(document, copyNoPicture);
     warnOfStrictReaders(document, report);
-    OutputFile file = OutputFile::createTemporary(target.destinationFolder);
+    OutputFile file = OutputFile::create(staged.path());
     GlbWriter glb(file);
     glb.writeHeader();
     glb.beginJsonChunk();
@@ -79,7 +77,7 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
         total += range.length;
     }
     if (total > kLargestBinary) {
-        report.fail(nativePath(target.file()) +
+        report.fail(nativePath(staged.path() + scene.name) +
                     " would be larger than 4 GiB, the most that a .glb can hold; export a .gltf instead");
         return;
     }
@@ -89,7 +87,7 @@ void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingB
     }
     glb.endBinChunk();
     glb.finish();
-    putInPlace(file, target, report);
+    putInPlace(std::move(file), scene, staged, report);
 }
 
 } // namespace orvane::exporter

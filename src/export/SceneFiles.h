@@ -3,20 +3,27 @@
 #include "document/ExportReport.h"
 #include "document/GltfDocument.h"
 #include "document/WorkingBufferFolder.h"
-#include "export/ExportTarget.h"
+#include "platform/StagedFolder.h"
 
 #include <cstdint>
+#include <string>
 
 namespace orvane::exporter {
 
-/// Writes a finished document as the `.gltf` file of `target`. The file is written beside its place and put
-/// there when it is complete; faults go to the report.
-void writeTextScene(GltfDocument& document, std::int32_t activeScene, const ExportTarget& target,
-                    ExportReport& report);
+/// The file that a scene is written as.
+struct SceneFile {
+    std::string name;
+    Existing existing; ///< what becomes of one that is there already
+};
 
-/// Merges a finished document's buffers, which wait in `folder`, and writes it as the `.glb` file of
-/// `target`, likewise.
-void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, WorkingBufferFolder& folder,
-                      const ExportTarget& target, ExportReport& report);
+/// Writes a finished document as a `.gltf` file beside its buffers, which wait in `staged`, and gives all of
+/// them their names. Faults go to the report; then there is no result, and the folder is as it was.
+void writeTextScene(GltfDocument& document, std::int32_t activeScene, const SceneFile& scene,
+                    StagedFolder& staged, ExportReport& report);
+
+/// Merges a finished document's buffers, which wait in `folder`, and writes it as a `.glb` file into
+/// `staged`, likewise.
+void writeBinaryScene(GltfDocument& document, std::int32_t activeScene, const SceneFile& scene,
+                      WorkingBufferFolder& folder, StagedFolder& staged, ExportReport& report);
 
 } // namespace orvane::exporter

@@ -1,20 +1,14 @@
 #include "export/TargetFolder.h"
 
-#include <utility>
+#include "platform/Files.h"
 
 namespace orvane::exporter {
 
-TargetFolder::TargetFolder(std::string path, ExportReport& report) : path_(std::move(path)) {
-    std::string error;
-    result_ = createFolder(path_, error);
-    if (result_ == FolderResult::failed) {
-        report.fail("the folder " + nativePath(path_) + " cannot be made: " + error);
-    }
-}
-
-TargetFolder::~TargetFolder() {
-    if (result_ == FolderResult::created) {
-        removeEmptyFolder(path_);
+TargetFolder::TargetFolder(const std::string& path, bool isOwn, ExportReport& report) : folder_(path) {
+    if (!folder_.error().empty()) {
+        report.fail("the folder " + nativePath(path) + " cannot be made: " + folder_.error());
+    } else if (isOwn && lock_.emplace(path).isRefused()) {
+        report.fail("another export into the folder " + nativePath(path) + " does not come to its end");
     }
 }
 

@@ -81,7 +81,7 @@ private:
     }
 
     json::DocumentContext& readDocument(const fs::path& path) {
-        const nlohmann::json tree = json::readJsonFile(path);
+        const json::JsonTree tree = json::readJsonFile(path);
         auto& document = model_.documents.emplace_back(std::make_unique<ModelDocument>());
         document->kind = json::hasExtension(path, {".tfgasm"}) ? DocumentKind::assembly : DocumentKind::part;
         document->path = toHostPath(path);
@@ -89,7 +89,7 @@ private:
         context.file = path;
         context.document = document.get();
         context.readShape = [this, &context](const fs::path& file) { return readShape(file, context); };
-        json::readDocumentJson(tree, context);
+        json::readDocumentJson(tree.root(), context);
         return context;
     }
 

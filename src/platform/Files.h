@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,18 +17,19 @@ std::string nativePath(std::string_view path);
 /// Joins a folder and a file name with `\`, unless the folder already ends in a separator.
 std::string joinPath(std::string_view folder, std::string_view name);
 
-bool canOpenForReading(const std::string& path);
-
-/// Whether the system knows anything under this path: a file, a folder or something else.
+/// Whether the system finds anything under this path: a file, a folder or something else.
 bool pathExists(const std::string& path);
+/// The same, where a symbolic link that leads nowhere is something too: no new file can have this path.
+bool nameIsTaken(const std::string& path);
 
-/// The first or the last bytes of a regular file, at most `most` of them; empty for anything else, and where
-/// it cannot be read.
-std::string readFileStart(const std::string& path, std::int64_t most);
-std::string readFileTail(const std::string& path, std::int64_t most);
-
-/// A whole regular file; nothing when it cannot be read, or holds more than `most` bytes.
+/// A whole regular file; nothing when it cannot be read to its end, or holds more than `most` bytes.
 std::optional<std::string> readWholeFile(const std::string& path, std::int64_t most);
+
+/// How many files this process may keep open at once without ever running short of them.
+std::size_t manyOpenFiles();
+/// Waits until all that was written to the file system of a folder is on the disk. On failure, gives the
+/// system's words; empty otherwise.
+std::string flushFileSystem(const std::string& folder);
 
 /// Nothing when the folder was made; "already there" is `FolderResult::existed`.
 enum class FolderResult { created, existed, failed };

@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 
+#include "platform/FileCallsPosix.h"
 #include "platform/RegularFilePosix.h"
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -17,7 +19,6 @@ namespace orvane {
 namespace {
 
 constexpr std::size_t kLongestFileName = 255;
-constexpr mode_t kFolderMode = 0777;
 
 /// A path as the system takes it, without taking memory: for what cleans up when there is none left.
 class NativeBuffer {
@@ -51,45 +52,49 @@ std::string joinPath(std::string_view folder, std::string_view name) {
     return path += name;
 }
 
-bool canOpenForReading(const std::string& path) {
-    const int descriptor = open(nativePath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) {
-        return false;
-    }
-    close(descriptor);
-    return true;
-}
-
 bool pathExists(const std::string& path) {
     struct stat status {};
-    return stat(nativePath(path).c_str(), &status) == 0;
+    return platform::lookThrough(nativePath(path).c_str(), status) == 0;
 }
 
-std::string readFileStart(const std::string& path, std::int64_t most) {
-    return platform::RegularFile(path).read(0, most);
-}
-
-std::string readFileTail(const std::string& path, std::int64_t most) {
-    const platform::RegularFile file(path);
-    return file.read(std::max<std::int64_t>(file.size() - most, 0), most);
+bool nameIsTaken(const std::string& path) {
+    struct stat status {};
+    return platform::lookAt(nativePath(path).c_str(), status) == 0;
 }
 
 std::optional<std::string> readWholeFile(const std::string& path, std::int64_t most) {
     const platform::RegularFile file(path);
-    if (!file.isOpen() || file.size() > most) {
-        return std::nullopt;
+    return file.size() > most ? std::nullopt : file.read(0, most);
+}
+
+std::size_t manyOpenFiles() {
+    static constexpr std::size_t kMany = 256;
+    static const std::size_t many = [] {
+        rlimit limit{};
+        const bool isKnown = getrlimit(RLIMIT_NOFILE, &limit) == 0;
+        return isKnown ? std::min<std::size_t>(limit.rlim_cur / 4, kMany) : kMany / 4;
+    }();
+    return many;
+}
+
+std::string flushFileSystem(const std::string& folder) {
+    const int descriptor = platform::openFile(folder.empty() ? "." : nativePath(folder).c_str(), O_RDONLY);
+    std::string error =
+        descriptor < 0 || platform::flushFileSystem(descriptor) != 0 ? std::strerror(errno) : "";
+    if (descriptor >= 0) {
+        platform::closeFile(descriptor);
     }
-    return file.read(0, most);
+    return error;
 }
 
 FolderResult createFolder(const std::string& path, std::string& error) {
     const std::string native = path.empty() ? "." : nativePath(path);
-    if (mkdir(native.c_str(), kFolderMode) == 0) {
+    if (platform::makeFolder(native.c_str()) == 0) {
         return FolderResult::created;
     }
     const int code = errno;
     struct stat status {};
-    if (stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
+    if (platform::lookThrough(native.c_str(), status) == 0 && S_ISDIR(status.st_mode)) {
         return FolderResult::existed;
     }
     error = std::strerror(code);
@@ -97,11 +102,11 @@ FolderResult createFolder(const std::string& path, std::string& error) {
 }
 
 bool removeFile(const std::string& path) noexcept {
-    return unlink(NativeBuffer(path).text()) == 0;
+    return platform::removeName(NativeBuffer(path).text()) == 0;
 }
 
 bool removeEmptyFolder(const std::string& path) noexcept {
-    return rmdir(NativeBuffer(path).text()) == 0;
+    return platform::removeFolder(NativeBuffer(path).text()) == 0;
 }
 
 std::string desktopFolder() {

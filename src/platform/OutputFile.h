@@ -2,30 +2,33 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+namespace orvane::platform {
+class TemporaryName;
+}
+
 namespace orvane {
 
 using Bytes = std::span<const std::byte>;
 
-/// A file that is being written, moved along by its own position. After a failed call every later one fails
-/// too, and `error` keeps the first fault. A file that was never closed, or kept, is gone with the object
-/// where it was temporary.
+enum class Placing {
+    placed,
+    existed, ///< something else has that name, and stays
+    failed,
+};
+
+/// A file that is being written, moved along by its own position. It gets its name when it is complete, and
+/// is gone with the object when it got none; where the system keeps files without a name, also when the
+/// process is killed. After a failed call every later one fails too, and `error` keeps the first fault.
 class OutputFile {
 public:
-    /// Makes an empty file, or empties the one that is there.
-    static OutputFile create(const std::string& path);
-    /// Makes a file where nothing stands yet; it is temporary until it is kept.
-    static OutputFile createNew(const std::string& path);
-    /// Makes a new file under a name of its own in `folder`, to be moved to its real name when it is
-    /// complete.
-    static OutputFile createTemporary(const std::string& folder);
-    /// Makes a file without any name, in the file system of `folder`: the system frees it with the object,
-    /// also when the process is killed.
-    static OutputFile createNameless(const std::string& folder);
+    /// Makes an empty file in the file system of `folder`, which its name will be in.
+    static OutputFile create(const std::string& folder);
 
     OutputFile(OutputFile&& other) noexcept;
     OutputFile& operator=(OutputFile&& other) noexcept;
@@ -34,8 +37,6 @@ public:
     bool isGood() const { return error_.empty(); }
     /// The first fault in the system's words; empty when all went well.
     const std::string& error() const { return error_; }
-    /// Of a temporary file as long as it is one; empty otherwise.
-    const std::string& temporaryPath() const { return temporaryPath_; }
     std::int64_t position() const { return position_; }
 
     /// Appends all pieces one behind the other.
@@ -45,23 +46,41 @@ public:
     bool overwrite(std::int64_t offset, Bytes bytes);
     /// Appends a range of another file, inside the system where that is possible.
     bool append(const OutputFile& source, std::int64_t offset, std::int64_t length);
-    /// Appends a whole file by its path; gives the number of bytes, nothing when it is no regular
-    /// file or cannot be read.
-    std::optional<std::int64_t> appendFile(const std::string& path);
+    /// Appends a whole regular file by its path.
+    bool appendFile(const std::string& path);
 
-    bool close();
-    /// Closes a temporary file that has its real name already.
-    bool keep();
-    /// Closes a temporary file and gives it its real name, in place of a file that may stand there.
-    bool moveTo(const std::string& path);
+    /// Whether another file has the same bytes; not, where either cannot be read.
+    bool equals(const OutputFile& other) const { return equals(other.descriptor_, other.position_); }
+    bool equals(const std::string& path) const;
+    /// Waits until what was written is on the disk.
+    bool flush();
+    /// Moves behind what another process has appended through the same open file.
+    bool catchUp();
+
+    /// Closes the file and gives it its name, where nothing stands yet.
+    Placing placeNew(const std::string& path);
+    /// Closes the file and gives it its name, in place of a file that may stand there, as a whole and with
+    /// its access rights. What is no file stays, which is a fault.
+    bool replace(const std::string& path);
+    /// Closes the file under a name of its own beside its place, complete for `replace`, which needs no
+    /// memory and little else then.
+    bool setAside(const std::string& path);
 
 private:
-    OutputFile() = default;
+    explicit OutputFile(const std::string& folder);
+    void createNamed();
+    bool nameTemporarily();
+    bool takeRightsOf(const std::string& path);
+    bool equals(int other, std::int64_t size) const;
+    bool appendRange(int source, std::int64_t offset, std::int64_t length);
     bool fail(std::string_view what, int code);
+    bool close();
 
+    std::string folder_; ///< native; ends in a separator, or is empty
     int descriptor_ = -1;
     std::int64_t position_ = 0;
-    std::string temporaryPath_; ///< empty for a file under its real name
+    std::unique_ptr<platform::TemporaryName>
+        temporary_; ///< null for a file without a name, or under its real one
     std::string error_;
 };
 

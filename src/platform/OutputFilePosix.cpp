@@ -1,12 +1,13 @@
 #include "platform/OutputFile.h"
 
-#include "platform/Files.h"
+#include "platform/FileCallsPosix.h"
+#include "platform/Leavings.h"
 #include "platform/RegularFilePosix.h"
+#include "platform/TemporaryNamePosix.h"
 
-#include <climits>
-#include <random>
-#include <sys/types.h>
-#include <sys/uio.h>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
 #include <utility>
 #include <vector>
 
@@ -17,139 +18,64 @@ namespace {
 constexpr mode_t kFileMode = 0666;
 constexpr std::size_t kCopyChunk = std::size_t{1} << 20;
 
-std::string randomName() {
-    static constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
-    std::random_device source;
-    std::string name = ".orvane-";
-    for (int i = 0; i < 12; ++i) {
-        name += kLetters[source() % kLetters.size()];
-    }
-    return name;
-}
-
-std::string folderOrHere(const std::string& folder) {
-    return folder.empty() ? "." : nativePath(folder);
-}
-
-/// Copies through a buffer of our own, from `offset` on, until `length` bytes or the end of the source.
-/// Gives the number of bytes, or -1 with the fault in `errno`.
-std::int64_t copyThroughBuffer(int source, std::int64_t offset, std::int64_t length, int target) {
-    std::vector<char> buffer(kCopyChunk);
-    std::int64_t done = 0;
-    while (done < length) {
-        const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(length - done, kCopyChunk));
-        const ssize_t got = pread(source, buffer.data(), wanted, offset + done);
-        if (got <= 0) {
-            return got < 0 ? -1 : done;
-        }
-        for (ssize_t put = 0; put < got;) {
-            const ssize_t step = write(target, buffer.data() + put, static_cast<std::size_t>(got - put));
-            if (step < 0) {
-                return -1;
-            }
-            put += step;
-        }
-        done += got;
-    }
-    return done;
-}
-
-/// As `copyThroughBuffer`, inside the kernel as far as it can.
-std::int64_t copyRange(int source, std::int64_t offset, std::int64_t length, int target) {
-    std::int64_t done = 0;
-    while (done < length) {
-        off_t from = offset + done;
-        const ssize_t step =
-            copy_file_range(source, &from, target, nullptr, static_cast<std::size_t>(length - done), 0);
-        if (step == 0) {
-            return done;
-        }
-        if (step < 0) {
-            if (errno != EXDEV && errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) {
-                return -1;
-            }
-            const std::int64_t rest = copyThroughBuffer(source, offset + done, length - done, target);
-            return rest < 0 ? -1 : done + rest;
-        }
-        done += step;
-    }
-    return done;
+/// Whether a file that was opened without a name can get one.
+bool canNameOpenFiles() {
+    struct stat status {};
+    static const bool isThere = platform::lookAt("/proc/self/fd", status) == 0;
+    return isThere;
 }
 
 } // namespace
 
-OutputFile OutputFile::create(const std::string& path) {
-    OutputFile file;
-    const std::string native = nativePath(path);
-    file.descriptor_ = open(native.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kFileMode);
-    if (file.descriptor_ < 0) {
-        file.fail("cannot be created", errno);
-    }
-    return file;
+OutputFile OutputFile::create(const std::string& folder) {
+    return OutputFile(folder);
 }
 
-OutputFile OutputFile::createNew(const std::string& path) {
-    OutputFile file;
-    const std::string native = nativePath(path);
-    file.descriptor_ = open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode);
-    if (file.descriptor_ < 0) {
-        file.fail("cannot be created", errno);
-    } else {
-        file.temporaryPath_ = native;
-    }
-    return file;
-}
-
-OutputFile OutputFile::createTemporary(const std::string& folder) {
-    OutputFile file;
-    int code = EEXIST;
-    for (int attempt = 0; attempt < 100 && file.descriptor_ < 0 && code == EEXIST; ++attempt) {
-        file.temporaryPath_ = nativePath(joinPath(folder, randomName()));
-        file.descriptor_ =
-            open(file.temporaryPath_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode);
-        code = errno;
-    }
-    if (file.descriptor_ < 0) {
-        file.temporaryPath_.clear();
-        file.fail("cannot be created", code);
-    }
-    return file;
-}
-
-OutputFile OutputFile::createNameless(const std::string& folder) {
-    OutputFile file;
-    file.descriptor_ = open(folderOrHere(folder).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, kFileMode);
-    if (file.descriptor_ < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == ENOENT)) {
-        // This file system keeps no nameless files: take the name away at once.
-        file = createTemporary(folder);
-        if (file.isGood()) {
-            unlink(file.temporaryPath_.c_str());
-            file.temporaryPath_.clear();
+OutputFile::OutputFile(const std::string& folder)
+    : folder_(folder.empty() ? "" : nativePath(joinPath(folder, ""))) {
+    if (canNameOpenFiles()) {
+        descriptor_ =
+            platform::openFile(folder_.empty() ? "." : folder_.c_str(), O_RDWR | O_TMPFILE, kFileMode);
+        if (descriptor_ >= 0 || (errno != EOPNOTSUPP && errno != EISDIR)) {
+            if (descriptor_ < 0) {
+                fail("cannot be created", errno);
+            }
+            return;
         }
-    } else if (file.descriptor_ < 0) {
-        file.fail("cannot be created", errno);
     }
-    return file;
+    createNamed();
+}
+
+/// For file systems that keep no nameless files.
+void OutputFile::createNamed() {
+    for (int code = EEXIST; descriptor_ < 0 && code == EEXIST;) {
+        temporary_ = std::make_unique<platform::TemporaryName>(folder_);
+        const Undisturbed scope;
+        descriptor_ = platform::openFile(temporary_->path(), O_RDWR | O_CREAT | O_EXCL, kFileMode);
+        temporary_->setTaken(descriptor_ >= 0);
+        code = descriptor_ < 0 ? errno : 0;
+        if (code != 0 && code != EEXIST) {
+            fail("cannot be created", code);
+        }
+    }
 }
 
 OutputFile::OutputFile(OutputFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), position_(other.position_),
-      temporaryPath_(std::exchange(other.temporaryPath_, {})), error_(std::move(other.error_)) {}
+    : folder_(std::move(other.folder_)), descriptor_(std::exchange(other.descriptor_, -1)),
+      position_(other.position_), temporary_(std::move(other.temporary_)), error_(std::move(other.error_)) {}
 
 OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
+    std::swap(folder_, other.folder_);
     std::swap(descriptor_, other.descriptor_);
     std::swap(position_, other.position_);
-    std::swap(temporaryPath_, other.temporaryPath_);
+    std::swap(temporary_, other.temporary_);
     std::swap(error_, other.error_);
     return *this;
 }
 
 OutputFile::~OutputFile() {
     if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
-    if (!temporaryPath_.empty()) {
-        unlink(temporaryPath_.c_str());
+        platform::closeFile(descriptor_);
     }
 }
 
@@ -169,10 +95,9 @@ bool OutputFile::write(std::span<const Bytes> pieces) {
         }
     }
     for (std::size_t at = 0; at < vectors.size() && isGood();) {
-        const auto count = static_cast<int>(std::min<std::size_t>(vectors.size() - at, IOV_MAX));
-        const ssize_t step = writev(descriptor_, &vectors[at], count);
-        if (step < 0) {
-            return errno == EINTR || fail("cannot be written", errno);
+        const ssize_t step = platform::writeOn(descriptor_, std::span(vectors).subspan(at));
+        if (step <= 0) {
+            return fail("cannot be written", step < 0 ? errno : EIO);
         }
         position_ += step;
         auto left = static_cast<std::size_t>(step);
@@ -193,62 +118,162 @@ bool OutputFile::write(std::string_view text) {
 }
 
 bool OutputFile::overwrite(std::int64_t offset, Bytes bytes) {
-    if (!isGood()) {
-        return false;
+    while (isGood() && !bytes.empty()) {
+        const ssize_t step = platform::writeAt(descriptor_, bytes.data(), bytes.size(), offset);
+        if (step <= 0) {
+            return fail("cannot be written", step < 0 ? errno : EIO);
+        }
+        offset += step;
+        bytes = bytes.subspan(static_cast<std::size_t>(step));
     }
-    const ssize_t written = pwrite(descriptor_, bytes.data(), bytes.size(), offset);
-    return written == static_cast<ssize_t>(bytes.size()) ||
-           fail("cannot be written", written < 0 ? errno : ENOSPC);
+    return isGood();
+}
+
+/// Inside the system as far as it can, else through a buffer of our own.
+bool OutputFile::appendRange(int source, std::int64_t offset, std::int64_t length) {
+    bool isInside = true;
+    std::vector<char> buffer;
+    while (isGood() && length > 0) {
+        ssize_t step = 0;
+        if (isInside) {
+            step = platform::copyOn(source, offset, descriptor_, static_cast<std::size_t>(length));
+            isInside = step > 0;
+            position_ += isInside ? step : 0;
+        } else {
+            buffer.resize(static_cast<std::size_t>(std::min<std::int64_t>(length, kCopyChunk)));
+            step = platform::readAt(source, buffer.data(), buffer.size(), offset);
+            if (step <= 0) {
+                return fail("cannot be copied", step < 0 ? errno : EIO);
+            }
+            write(std::string_view(buffer.data(), static_cast<std::size_t>(step)));
+        }
+        offset += std::max<ssize_t>(step, 0);
+        length -= std::max<ssize_t>(step, 0);
+    }
+    return isGood();
 }
 
 bool OutputFile::append(const OutputFile& source, std::int64_t offset, std::int64_t length) {
-    if (!isGood()) {
+    return appendRange(source.descriptor_, offset, length);
+}
+
+bool OutputFile::appendFile(const std::string& path) {
+    const platform::RegularFile source(path);
+    if (isGood() && !source.isOpen()) {
+        error_ = source.error();
+    }
+    return appendRange(source.descriptor(), 0, source.size());
+}
+
+bool OutputFile::equals(const std::string& path) const {
+    const platform::RegularFile other(path);
+    return other.isOpen() && equals(other.descriptor(), other.size());
+}
+
+bool OutputFile::equals(int other, std::int64_t size) const {
+    if (!isGood() || size != position_) {
         return false;
     }
-    const std::int64_t done = copyRange(source.descriptor_, offset, length, descriptor_);
-    if (done < length) {
-        return fail("cannot be written", done < 0 ? errno : EIO);
+    std::string bytes(kCopyChunk, '\0');
+    std::string otherBytes(kCopyChunk, '\0');
+    for (std::int64_t at = 0; at < size;) {
+        const ssize_t step = platform::readAt(descriptor_, bytes.data(), bytes.size(), at);
+        const ssize_t otherStep = platform::readAt(other, otherBytes.data(), otherBytes.size(), at);
+        const ssize_t both = std::min(step, otherStep);
+        if (both <= 0 || std::memcmp(bytes.data(), otherBytes.data(), static_cast<std::size_t>(both)) != 0) {
+            return false;
+        }
+        at += both;
     }
-    position_ += length;
     return true;
 }
 
-std::optional<std::int64_t> OutputFile::appendFile(const std::string& path) {
-    const platform::RegularFile source(path);
-    if (!isGood() || !source.isOpen()) {
-        return std::nullopt;
+bool OutputFile::flush() {
+    return isGood() && (platform::flushFile(descriptor_) == 0 || fail("cannot be written", errno));
+}
+
+bool OutputFile::catchUp() {
+    struct stat status {};
+    if (!isGood() || platform::lookAtOpen(descriptor_, status) != 0) {
+        return fail("cannot be written", errno);
     }
-    const std::int64_t done = copyRange(source.descriptor(), 0, INT64_MAX / 2, descriptor_);
-    if (done < 0) {
-        fail("cannot be written", errno);
-        return std::nullopt;
-    }
-    position_ += done;
-    return done;
+    position_ = status.st_size;
+    return true;
 }
 
 bool OutputFile::close() {
-    if (descriptor_ >= 0 && ::close(std::exchange(descriptor_, -1)) != 0) {
+    if (descriptor_ >= 0 && platform::closeFile(std::exchange(descriptor_, -1)) != 0) {
         return fail("cannot be written", errno);
     }
     return isGood();
 }
 
-bool OutputFile::keep() {
-    if (close()) {
-        temporaryPath_.clear();
+Placing OutputFile::placeNew(const std::string& path) {
+    if (!isGood() || (temporary_ && !close())) {
+        return Placing::failed;
     }
-    return isGood();
+    const std::string native = nativePath(path);
+    const Undisturbed scope;
+    if ((temporary_ ? platform::renameToNew(temporary_->path(), native.c_str())
+                    : platform::linkOpenFile(descriptor_, native.c_str())) != 0) {
+        if (errno == EEXIST) {
+            return Placing::existed;
+        }
+        fail("cannot be put in its place", errno);
+        return Placing::failed;
+    }
+    if (temporary_) {
+        temporary_->setTaken(false);
+    } else if (platform::closeFile(std::exchange(descriptor_, -1)) != 0) {
+        const int code = errno;
+        platform::removeName(native.c_str());
+        fail("cannot be written", code);
+        return Placing::failed;
+    }
+    return Placing::placed;
 }
 
-bool OutputFile::moveTo(const std::string& path) {
-    if (!close()) {
+/// Nothing to take where nothing stands.
+bool OutputFile::takeRightsOf(const std::string& path) {
+    struct stat status {};
+    if (platform::lookAt(path.c_str(), status) != 0) {
+        return errno == ENOENT || fail("cannot be put in its place", errno);
+    }
+    if (S_ISLNK(status.st_mode) && platform::lookThrough(path.c_str(), status) != 0) {
+        return true; // leads nowhere
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return fail("cannot be put in its place", S_ISDIR(status.st_mode) ? EISDIR : EEXIST);
+    }
+    return platform::takeRights(descriptor_, status) == 0 ||
+           fail("cannot get the access rights of the file that it replaces", errno);
+}
+
+bool OutputFile::nameTemporarily() {
+    int code = temporary_ ? 0 : EEXIST;
+    while (code == EEXIST) {
+        temporary_ = std::make_unique<platform::TemporaryName>(folder_);
+        const Undisturbed scope;
+        code = platform::linkOpenFile(descriptor_, temporary_->path()) == 0 ? 0 : errno;
+        temporary_->setTaken(code == 0);
+    }
+    return code == 0 || fail("cannot be put in its place", code);
+}
+
+bool OutputFile::setAside(const std::string& path) {
+    return isGood() && takeRightsOf(nativePath(path)) && nameTemporarily() && close();
+}
+
+bool OutputFile::replace(const std::string& path) {
+    if (!isGood() || (descriptor_ >= 0 && !setAside(path))) {
         return false;
     }
-    if (rename(temporaryPath_.c_str(), nativePath(path).c_str()) != 0) {
+    const std::string native = nativePath(path);
+    const Undisturbed scope;
+    if (platform::renameFile(temporary_->path(), native.c_str()) != 0) {
         return fail("cannot be put in its place", errno);
     }
-    temporaryPath_.clear();
+    temporary_->setTaken(false);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileCallsPosix.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -7,9 +8,9 @@
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <string>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace orvane::platform {
 
@@ -18,9 +19,9 @@ namespace orvane::platform {
 class RegularFile {
 public:
     explicit RegularFile(const std::string& path)
-        : descriptor_(open(nativePath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+        : descriptor_(openFile(nativePath(path).c_str(), O_RDONLY | O_NONBLOCK)) {
         struct stat status {};
-        if (descriptor_ < 0 || fstat(descriptor_, &status) != 0) {
+        if (descriptor_ < 0 || lookAtOpen(descriptor_, status) != 0) {
             error_ = std::strerror(errno);
         } else if (!S_ISREG(status.st_mode)) {
             error_ = "is no file";
@@ -31,7 +32,7 @@ public:
     RegularFile& operator=(const RegularFile&) = delete;
     ~RegularFile() {
         if (descriptor_ >= 0) {
-            close(descriptor_);
+            closeFile(descriptor_);
         }
     }
 
@@ -40,29 +41,29 @@ public:
     std::int64_t size() const { return size_; }
     int descriptor() const { return descriptor_; }
 
-    /// At most `most` bytes from `offset` on; fewer at the end, or where the system fails.
-    std::string read(std::int64_t offset, std::int64_t most) const {
-        std::string bytes;
-        if (isOpen() && offset < size_) {
-            bytes.resize(static_cast<std::size_t>(std::min(most, size_ - offset)));
+    /// The bytes from `offset` on, `most` of them or as many as there are before the end. Nothing when the
+    /// system cannot read them, or the file has become shorter; `error` tells why.
+    std::optional<std::string> read(std::int64_t offset, std::int64_t most) const {
+        if (!isOpen()) {
+            return std::nullopt;
         }
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t step = pread(descriptor_, bytes.data() + done, bytes.size() - done,
-                                       offset + static_cast<std::int64_t>(done));
+        std::string bytes(static_cast<std::size_t>(std::clamp<std::int64_t>(size_ - offset, 0, most)), '\0');
+        for (std::size_t done = 0; done < bytes.size();) {
+            const ssize_t step = readAt(descriptor_, bytes.data() + done, bytes.size() - done,
+                                        offset + static_cast<std::int64_t>(done));
             if (step <= 0) {
-                break;
+                error_ = step < 0 ? std::strerror(errno) : "has become shorter";
+                return std::nullopt;
             }
             done += static_cast<std::size_t>(step);
         }
-        bytes.resize(done);
         return bytes;
     }
 
 private:
     int descriptor_;
     std::int64_t size_ = 0;
-    std::string error_;
+    mutable std::string error_; ///< reading may fail too
 };
 
 } // namespace orvane::platform

@@ -67,7 +67,7 @@ class TreeBuilder final : public nlohmann::json_sax<Json> {
 public:
     TreeBuilder(const std::filesystem::path& file, std::string_view text) : file_(file), text_(text) {}
 
-    Json takeTree() { return std::move(root_); }
+    JsonTree takeTree() { return std::move(tree_); }
 
     bool null() override { return place(nullptr); }
     bool boolean(bool value) override { return place(value); }
@@ -131,7 +131,7 @@ private:
     Json& put(Json&& value) {
         if (levels_.empty()) {
             hasRoot_ = true;
-            return root_ = std::move(value);
+            return tree_.root() = std::move(value);
         }
         Level& level = levels_.back();
         if (level.slot != nullptr) {
@@ -191,14 +191,14 @@ private:
 
     const std::filesystem::path& file_;
     std::string_view text_;
-    Json root_;
+    JsonTree tree_;
     bool hasRoot_ = false;
     std::vector<Level> levels_;
 };
 
 } // namespace
 
-Json readJsonFile(const std::filesystem::path& file) {
+JsonTree readJsonFile(const std::filesystem::path& file) {
     const std::string text = readWholeFile(file);
     TreeBuilder builder(file, text);
     Json::sax_parse(text, &builder);

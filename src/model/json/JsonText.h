@@ -1,7 +1,8 @@
 #pragma once
 
+#include "model/json/JsonTree.h"
+
 #include <filesystem>
-#include <nlohmann/json_fwd.hpp>
 
 namespace orvane::json {
 
@@ -13,6 +14,6 @@ inline constexpr std::size_t kMostOpenBrackets = 1000;
 /// is not JSON, for a key that stands twice in one object, for a number beyond 64-bit floating point, and for
 /// more than `kMostOpenBrackets` open brackets. The cost is linear in the file's size and no call nests with
 /// the text.
-nlohmann::json readJsonFile(const std::filesystem::path& file);
+JsonTree readJsonFile(const std::filesystem::path& file);
 
 } // namespace orvane::json
