@@ -131,6 +131,33 @@ TEST_F(Textures, ShowTheFirstOfTwoPicturesOfOneName) {
     EXPECT_THAT(run->exporter.report().warnings, IsEmpty()) << "inside they do not meet";
 }
 
+TEST_F(Textures, LeavePicturesOfTheUsersAloneWhetherTheyAreCopiedOrConverted) {
+    picture("a.bmp", smallBmp());
+    picture("b.jpg", jpegPicture("b"));
+    paint("a.bmp", "");
+    paint("b.jpg", "");
+    open();
+    for (const char* name : {"x/a.png", "x/b.jpg"}) {
+        std::filesystem::create_directories(run->folder / "x");
+        writeFile(run->folder / name, "mine");
+    }
+    EXPECT_NE(run->run("x.gltf"), "");
+    EXPECT_EQ(written("a.png") + written("b.jpg"), "minemine");
+    EXPECT_THAT(run->exporter.report().warnings,
+                ElementsAre(HasSubstr("another file named a.png is there already"),
+                            HasSubstr("another file named b.jpg is there already")));
+}
+
+TEST_F(Textures, TellWhichOfTwoConvertedPicturesOfOneNameIsLost) {
+    picture("1/a.bmp", smallBmp('\x10'));
+    picture("2/a.bmp", smallBmp('\x20'));
+    paint("1/a.bmp", "");
+    paint("2/a.bmp", "");
+    exported();
+    EXPECT_THAT(run->exporter.report().warnings,
+                ElementsAre(HasSubstr("2/a.bmp is written as a.png in the place of another picture")));
+}
+
 TEST_F(Textures, AreWarnedOfWhereStrictReadersRefuseTheNameThatTheyGet) {
     picture("converted.\"dds", ddsPicture());
     picture("5\".png", pngPicture("a"));
@@ -194,6 +221,22 @@ TEST_F(Textures, NeverStopAnExportWhateverTheyHold) {
     EXPECT_EQ(run->exporter.report().warnings.size(), damaged.size() + 1);
     EXPECT_THAT(uris, Contains("n_folder.png").Times(1)) << "it stays outside";
     EXPECT_THAT(uris, Contains(StartsWith("image/")).Times(damaged.size() + 1));
+}
+
+TEST_F(Textures, AreTakenAsFarAsTheyCanBeReadAndTheReportTells) {
+    std::string flipped = pngPicture("flipped");
+    flipped[50] ^= 1;
+    picture("half.bmp", smallBmp().substr(0, 54 + 24));
+    picture("flipped.png", flipped);
+    paint("half.bmp", "flipped.png");
+    EXPECT_THAT(urisOf(exported()), ElementsAre("half.png", "n_flipped.png"));
+    EXPECT_THAT(written("half.png"), StartsWith(kPngStart));
+    EXPECT_EQ(written("n_flipped.png"), flipped);
+    EXPECT_THAT(
+        run->exporter.report().warnings,
+        ElementsAre("the picture " + (pictures / "half.bmp") +
+                        " is cut short; it is shown as far as it can be read",
+                    "the picture " + (pictures / "flipped.png") + " is damaged; it is passed on as it is"));
 }
 
 TEST_F(Textures, GetShortNamesWhereTheSystemTakesNoLongerOnes) {

@@ -11,6 +11,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace orvane {
@@ -86,6 +87,44 @@ TEST_F(Command, ReplacesAResultOnlyWhenItIsForced) {
     EXPECT_THAT(readFile(folder / "plate.glb"), StartsWith("glTF"));
     std::filesystem::create_directory(folder / "taken.glb");
     expectRefusal("export plate.tfgprt -o taken.glb --force", "taken.glb is a folder");
+}
+
+TEST_F(Command, LetsTwoExportsIntoOneFolderTakeTurns) {
+    const std::string once = "'" + commandPath() + "' export plate.tfgprt --force -o x.gltf";
+    EXPECT_EQ(run("export plate.tfgprt --force -o x.gltf", "{ " + once + " & " + once + " & wait; }").status,
+              0);
+    EXPECT_EQ(folder.names("x"), (std::set<std::string>{"plate.tfgprt.bin", "plate.tfgprt-1.bin",
+                                                        "plate.tfgprt-1-2.bin", "x.gltf"}));
+}
+
+TEST_F(Command, SaysWhenThePathCannotBeWritten) {
+    for (const char* redirection : {" >/dev/full", " >&-", " | false"}) {
+        SCOPED_TRACE(redirection);
+        const std::string line = "'" + commandPath() + "' export plate.tfgprt --force -o x.glb 2>err";
+        EXPECT_EQ(run("export plate.tfgprt -o y.glb --force", "{ " + line + redirection + "; true; }").status,
+                  0);
+        if (redirection != std::string(" | false")) { // which may end before or after the line is written
+            EXPECT_EQ(readFile(folder / "err"),
+                      "orvane: warning: the path of the result cannot be written to standard output\n");
+        }
+        EXPECT_EQ(readFile(folder / "x.glb"), readFile(folder / "y.glb"));
+    }
+    EXPECT_EQ(
+        run("export plate.tfgprt -o z.glb", "exec <&- 3>&2 && { '" + commandPath() +
+                                                "' export plate.tfgprt --force -o x.glb >&- 2>&-; true; }")
+            .status,
+        0);
+    EXPECT_EQ(readFile(folder / "x.glb"), readFile(folder / "z.glb"))
+        << "no file of ours gets a stream's number";
+}
+
+TEST_F(Command, RefusesTargetsThatAreNoFilesAndKeepsPrivateOnesPrivate) {
+    EXPECT_EQ(mkfifo((folder / "pipe.glb").c_str(), 0600), 0);
+    expectRefusal("export plate.tfgprt -o pipe.glb --force", "pipe.glb is no file");
+    run("export plate.tfgprt", "umask 077");
+    EXPECT_EQ(run("export plate.tfgprt --force", "umask 022").status, 0);
+    EXPECT_EQ(std::filesystem::status(folder / "plate.glb").permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
 TEST_F(Command, TellsWrongUsageApart) {

@@ -18,7 +18,8 @@ struct GlbMergeTest : testing::Test {
     /// A buffer with one view over all of it. A later one of the same name takes the file of the earlier one.
     void addBuffer(const std::string& name, const std::string& content) {
         contents.push_back(content);
-        folder.write(name, {.streams = {}, .pieces = {std::as_bytes(std::span(contents.back()))}});
+        folder.write(name, {.streams = {}, .pieces = {std::as_bytes(std::span(contents.back()))}},
+                     Existing::stays);
         GltfBuffer& buffer = addRecord(document.buffers);
         buffer.uri = name;
         buffer.byteLength = static_cast<std::int64_t>(content.size());
@@ -34,17 +35,15 @@ struct GlbMergeTest : testing::Test {
 
     /// Merges, and gives what the single buffer holds.
     std::string merge() {
-        const auto copier = [&](const std::string& source, std::string& name, bool) {
-            if (std::filesystem::exists(source)) {
-                std::filesystem::copy_file(source, disk / ("working-" + name));
-            }
-            return disk / ("working-" + name);
+        const auto maker = [&](const std::string& source, std::string&, bool) {
+            OutputFile picture = OutputFile::create(disk.path().string());
+            return picture.appendFile(source) ? std::optional(std::move(picture)) : std::nullopt;
         };
-        OutputFile merged = OutputFile::create(disk / "merged");
-        for (const FileRange& range : mergeBuffers(document, folder, copier)) {
+        OutputFile merged = OutputFile::create(disk.path().string());
+        for (const FileRange& range : mergeBuffers(document, folder, maker)) {
             folder.copyTo(merged, range);
         }
-        merged.close();
+        EXPECT_EQ(merged.placeNew(disk / "merged"), Placing::placed);
         return readFile(disk / "merged");
     }
 
@@ -92,14 +91,13 @@ TEST_F(GlbMergeTest, EmbedsPicturesBehindTheBuffers) {
     expectPicture(0, "image/png", 15, 3);
     expectPicture(2, "image/jpeg", 7, 8);
     EXPECT_EQ(document.images[1]->bufferView, -1);
-    EXPECT_EQ(disk.names(), (std::set<std::string>{"merged", "source.png", "photo"}))
-        << "working copies are gone";
+    EXPECT_EQ(disk.names(), (std::set<std::string>{"merged", "source.png", "photo"}));
 }
 
 /// The bytes of a container with the given text and binary content.
 std::string container(const std::string& json, const std::string& binary) {
     TemporaryFolder disk;
-    OutputFile file = OutputFile::createTemporary(disk.path().string());
+    OutputFile file = OutputFile::create(disk.path().string());
     GlbWriter glb(file);
     glb.writeHeader();
     glb.beginJsonChunk();
@@ -109,7 +107,7 @@ std::string container(const std::string& json, const std::string& binary) {
     file.write(binary);
     glb.endBinChunk();
     glb.finish();
-    EXPECT_TRUE(file.moveTo(disk / "x.glb"));
+    EXPECT_EQ(file.placeNew(disk / "x.glb"), Placing::placed);
     return readFile(disk / "x.glb");
 }
 

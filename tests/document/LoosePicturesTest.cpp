@@ -31,7 +31,6 @@ struct LoosePictures : testing::Test {
         settleLoosePictures(document, [&](const std::string& source, std::string& name, bool isNormalMap) {
             asked.push_back(source + " " + name + (isNormalMap ? " normal" : ""));
             name.replace(name.size() - 4, 4, ".png");
-            return std::string();
         });
         std::vector<std::string> texts;
         for (const auto& texture : document.textures) {

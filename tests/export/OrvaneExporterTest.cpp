@@ -1,3 +1,4 @@
+#include "platform/FileCalls.h"
 #include "support/ExportRun.h"
 
 #include <gmock/gmock.h>
@@ -185,6 +186,38 @@ TEST(Export, TouchesNoFileOfTheUsersButTheTarget) {
     run.run("x.gltf");
     EXPECT_THAT(run.folder.names("x"), ElementsAre("plate.tfgprt-1.bin", "plate.tfgprt.bin", "x.gltf"))
         << "a buffer of an earlier export stays, and the new one takes another name";
+}
+
+TEST(Export, TakesNoNameThatIsTakenByWhatCannotBeOpened) {
+    ExportRun run(smallPart());
+    std::filesystem::create_directory(run.folder / "x");
+    std::filesystem::create_symlink("../nowhere", run.folder / "x/plate.tfgprt.bin");
+    EXPECT_EQ(run.json()["buffers"][0]["uri"], "plate.tfgprt-1.bin");
+    EXPECT_EQ(run.folder.names(), std::set<std::string>{"x"}) << "nothing was written through the link";
+}
+
+TEST(Export, ReplacesNothingThatAppearsMeanwhileUnlessItMay) {
+    static std::string target;
+    for (const char* name : {"x.glb", "y.gltf"}) {
+        ExportRun run(smallPart());
+        target = run.folder / (std::string(name) == "x.glb" ? "x.glb" : "y/y.gltf");
+        run.exporter.setRequest({.exportPath = run.folder / name, .mayReplace = false});
+        platform::fileCallListener = [](platform::FileCall call) {
+            if (call == platform::FileCall::write) {
+                writeFile(target, "of another program");
+            }
+            return platform::FileFault::none;
+        };
+        run.exporter.exportActiveDocument();
+        platform::fileCallListener = nullptr;
+        EXPECT_THAT(run.exporter.report().errors,
+                    ElementsAre(target + " has been made by another program meanwhile, and stays as it is"));
+        EXPECT_EQ(readFile(target), "of another program");
+        EXPECT_EQ(std::filesystem::exists(run.folder / "y/plate.tfgprt.bin"), false);
+        run.exporter.setRequest({.exportPath = run.folder / name, .mayReplace = false});
+        run.exporter.exportActiveDocument();
+        EXPECT_THAT(run.exporter.report().errors, ElementsAre(target + " already exists"));
+    }
 }
 
 TEST(Export, TellsWhatWentWrongAndLeavesNoHalfWrittenTarget) {

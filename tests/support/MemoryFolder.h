@@ -14,7 +14,7 @@ class MemoryFolder : public BufferFolder {
 public:
     bool contains(const std::string& name) const override { return files.contains(name); }
     bool showsNames() const override { return true; }
-    void write(const std::string& name, BufferContent content) override {
+    void write(const std::string& name, BufferContent content, Existing) override {
         std::string& file = files[name];
         file.clear();
         for (const Bytes piece : content.pieces) {

@@ -40,12 +40,41 @@ inline std::string ddsPicture(std::uint32_t width = 4, std::uint32_t height = 4)
            littleEndian(0x1000, 4) + std::string(16, '\0') + pixels;
 }
 
-/// What looks like a whole JPEG or PNG picture to whoever does not decode it; `inside` tells them apart.
-inline std::string jpegPicture(const std::string& inside) {
-    return "\xFF\xD8" + inside + "\xFF\xD9";
+inline std::string bigEndian(std::size_t value, int bytes) {
+    std::string text;
+    while (bytes-- > 0) {
+        text += static_cast<char>(value >> (8 * bytes) & 0xFF);
+    }
+    return text;
 }
+
+/// With its length and its checksum.
+inline std::string pngChunk(const std::string& type, const std::string& data) {
+    std::uint32_t sum = ~0U;
+    for (const char byte : type + data) {
+        sum ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit) {
+            sum = sum >> 1 ^ ((sum & 1) != 0 ? 0xEDB88320 : 0);
+        }
+    }
+    return bigEndian(data.size(), 4) + type + data + bigEndian(~sum, 4);
+}
+
+/// A whole PNG picture of one black pixel; `inside`, which it holds as a note, tells them apart.
 inline std::string pngPicture(const std::string& inside) {
-    return "\x89PNG\r\n\x1A\n" + inside + std::string(4, '\0') + "IEND\xAE\x42\x60\x82";
+    using namespace std::string_literals;
+    return "\x89PNG\r\n\x1A\n" + pngChunk("IHDR", "\0\0\0\1\0\0\0\1\x08\0\0\0\0"s) +
+           pngChunk("tEXt", "n\0"s + inside) +
+           pngChunk("IDAT", "\x78\x01\x01\x02\0\xFD\xFF\0\0\0\x02\0\x01"s) + pngChunk("IEND", "");
+}
+
+inline std::string jpegSegment(char marker, const std::string& data) {
+    return std::string("\xFF") + marker + bigEndian(data.size() + 2, 2) + data;
+}
+
+/// What looks like a whole JPEG picture to whoever does not decode it.
+inline std::string jpegPicture(const std::string& inside) {
+    return "\xFF\xD8" + jpegSegment('\xFE', inside) + jpegSegment('\xDA', "") + "scan\xFF\xD9";
 }
 
 } // namespace orvane
