@@ -39,8 +39,10 @@ void addExportOptions(CLI::App& command, ExportArguments& arguments) {
     command.add_option("--host-folder", arguments.hostFolder, "Folder of the host's appearance library")
         ->type_name("DIR");
     command
-        .add_option("--deflection", arguments.deflection,
-                    "Greatest distance between a STEP face and its triangles")
+        .add_option_function<double>(
+            "--deflection",
+            [&arguments](double metres) { arguments.reading.meshing.deflection = Metres{metres}; },
+            "Greatest distance between a STEP face and its triangles")
         ->type_name("METRES")
         ->check([](const std::string& text) {
             double metres = 0;

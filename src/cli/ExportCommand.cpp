@@ -116,7 +116,7 @@ int runExport(const ExportArguments& arguments) {
     }
     ProgressDisplay display(!arguments.quiet);
     display.showPhase("reading " + arguments.model);
-    Model model = readModel(arguments.model, {arguments.deflection});
+    Model model = readModel(arguments.model, arguments.reading);
     display.clear();
     const std::vector<std::string> readingWarnings = std::move(model.warnings);
 

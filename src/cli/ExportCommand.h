@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/ExportOptions.h"
+#include "model/records/ReadingOptions.h"
 
 #include <optional>
 #include <string>
@@ -14,7 +15,7 @@ struct ExportArguments {
         output; ///< ends in `.gltf` or `.glb`, any case; empty: the model's title in the current folder
     ExportOptions options{.destinationDirectory = u"."}; ///< its switches as the flags set them
     std::string hostFolder;
-    std::optional<double> deflection; ///< metres
+    ReadingOptions reading;
     bool force = false;
     bool quiet = false;
 };

@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 class ModelLoader {
 public:
-    explicit ModelLoader(const MeshingOptions& options) : options_(options) {}
+    explicit ModelLoader(const ReadingOptions& options) : options_(options) {}
 
     Model load(const fs::path& file) {
         open(file);
@@ -151,7 +151,7 @@ private:
         }
     }
 
-    MeshingOptions options_;
+    ReadingOptions options_;
     Model model_;
     std::unordered_map<fs::path::string_type, fs::path> keys_;
     std::map<fs::path, File> files_;
@@ -162,7 +162,7 @@ private:
 
 } // namespace
 
-Model readModel(const fs::path& file, const MeshingOptions& options) {
+Model readModel(const fs::path& file, const ReadingOptions& options) {
     try {
         return ModelLoader(options).load(file);
     } catch (const std::bad_alloc&) {

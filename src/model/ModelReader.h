@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/records/MeshingOptions.h"
 #include "model/records/ModelRecords.h"
+#include "model/records/ReadingOptions.h"
 
 #include <filesystem>
 
@@ -10,6 +10,6 @@ namespace orvane {
 /// Reads a model document (`.tfgprt`, `.tfgasm`) or a STEP file (`.step`, `.stp`, any case) and everything
 /// that it refers to. Throws `ModelError` where any of it breaks a rule of the format; nothing is half read
 /// then.
-Model readModel(const std::filesystem::path& file, const MeshingOptions& options = {});
+Model readModel(const std::filesystem::path& file, const ReadingOptions& options = {});
 
 } // namespace orvane

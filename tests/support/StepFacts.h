@@ -14,7 +14,7 @@ namespace orvane::step_facts {
 
 inline Model read(const std::filesystem::path& file, const MeshingOptions& options = {}) {
     Model model;
-    const ModelDocument* opened = step::readStepFile(file, options, model);
+    const ModelDocument* opened = step::readStepFile(file, {.meshing = options}, model);
     EXPECT_EQ(opened, model.documents.front().get());
     return model;
 }

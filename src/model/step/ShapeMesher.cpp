@@ -16,18 +16,21 @@ namespace orvane::step {
 
 namespace {
 
-constexpr double kRelativeDeflection = 0.001; // of the box's diagonal
-constexpr double kAngularDeflection = 20 * std::numbers::pi / 180;
-
 /// Millimetres. Keeps the mesher going where a part is no larger than a point.
 constexpr double kSmallestDeflection = 1e-5;
+
+/// What the mesher is asked for: millimetres and radians.
+struct Fineness {
+    double deflection;
+    double angle;
+};
 
 /// Millimetres. A face beyond that has no end, and no say in how fine the others are.
 constexpr double kEndless = 1e9;
 
 double linearDeflection(const TopoDS_Shape& shape, const MeshingOptions& options) {
-    if (options.deflection) {
-        return std::max(*options.deflection / kMetresPerMillimetre, kSmallestDeflection);
+    if (const auto* metres = std::get_if<Metres>(&options.deflection)) {
+        return std::max(metres->value / kMetresPerMillimetre, kSmallestDeflection);
     }
     Bnd_Box box;
     for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
@@ -38,7 +41,7 @@ double linearDeflection(const TopoDS_Shape& shape, const MeshingOptions& options
         }
     }
     const double diagonal = box.IsVoid() ? 0 : std::sqrt(box.SquareExtent());
-    return std::max(diagonal * kRelativeDeflection, kSmallestDeflection);
+    return std::max(diagonal * std::get<ShareOfBox>(options.deflection).value, kSmallestDeflection);
 }
 
 std::vector<TopoDS_Face> facesOf(const TopoDS_Shape& shape, TopAbs_ShapeEnum outside) {
@@ -68,20 +71,20 @@ std::vector<PartMesh::Source> splitIntoBodies(const TopoDS_Shape& shape) {
 
 /// The result does not depend on how the work is shared among threads: each edge and each face is meshed by
 /// itself.
-bool runMesher(const TopoDS_Shape& shape, double deflection) {
+bool runMesher(const TopoDS_Shape& shape, const Fineness& fineness) {
     try {
-        BRepMesh_IncrementalMesh(shape, deflection, Standard_False, kAngularDeflection, Standard_True);
+        BRepMesh_IncrementalMesh(shape, fineness.deflection, Standard_False, fineness.angle, Standard_True);
         return true;
     } catch (const Standard_Failure&) {
         return false;
     }
 }
 
-std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool isMeshed, double deflection) {
+std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool isMeshed, const Fineness& fineness) {
     try {
         // After a failure of the whole each face is tried on its own.
         if (!isMeshed) {
-            runMesher(face, deflection);
+            runMesher(face, fineness);
         }
         return readFaceTriangles(face);
     } catch (const Standard_Failure&) {
@@ -98,8 +101,8 @@ PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, con
     if (mesh.sources.empty()) {
         return mesh;
     }
-    const double deflection = linearDeflection(shape, options);
-    const bool isMeshed = runMesher(shape, deflection);
+    const Fineness fineness = {linearDeflection(shape, options), options.angle * std::numbers::pi / 180};
+    const bool isMeshed = runMesher(shape, fineness);
     std::size_t faceNumber = 0;
     for (const PartMesh::Source& source : mesh.sources) {
         BodyRecord& body = mesh.bodies.emplace_back();
@@ -107,7 +110,7 @@ PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, con
         bool isComplete = true;
         for (const TopoDS_Face& face : source.faces) {
             ++faceNumber;
-            std::optional<FaceTriangles> triangles = trianglesOf(face, isMeshed, deflection);
+            std::optional<FaceTriangles> triangles = trianglesOf(face, isMeshed, fineness);
             if (!triangles) {
                 warnings.push_back(what + ": face " + std::to_string(faceNumber) + " could not be meshed");
                 triangles.emplace();

@@ -30,10 +30,10 @@ auto withKernel(const std::filesystem::path& file, Function function) {
 
 } // namespace
 
-const ModelDocument* readStepFile(const std::filesystem::path& file, const MeshingOptions& options,
+const ModelDocument* readStepFile(const std::filesystem::path& file, const ReadingOptions& options,
                                   Model& model) {
     return withKernel(file, [&] {
-        const ModelDocument* document = ProductTree(options, model).readFile(file);
+        const ModelDocument* document = ProductTree(options.meshing, model).readFile(file);
         if (TreeSizes().of(*document).components > kMostComponents) {
             throw ModelError(file.string() + ": found more than " + std::to_string(kMostComponents) +
                              " components in the whole tree, expected at most as many");
@@ -42,7 +42,7 @@ const ModelDocument* readStepFile(const std::filesystem::path& file, const Meshi
     });
 }
 
-std::vector<FaceRecord> readShapeFile(const std::filesystem::path& file, const MeshingOptions& options,
+std::vector<FaceRecord> readShapeFile(const std::filesystem::path& file, const ReadingOptions& options,
                                       std::vector<std::string>& warnings) {
     if (isStl(file)) {
         return {readStlFile(file)};
@@ -52,7 +52,7 @@ std::vector<FaceRecord> readShapeFile(const std::filesystem::path& file, const M
             loadStepDocument(std::filesystem::absolute(file).lexically_normal(), warnings);
         std::vector<FaceRecord> faces;
         for (const TDF_Label& root : step.roots) {
-            PartMesh mesh = meshShape(XCAFDoc_ShapeTool::GetShape(root), options, file.string(), warnings);
+            PartMesh mesh = meshShape(XCAFDoc_ShapeTool::GetShape(root), options.meshing, file.string(), warnings);
             for (BodyRecord& body : mesh.bodies) {
                 std::ranges::move(body.faces, std::back_inserter(faces));
             }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/records/MeshingOptions.h"
 #include "model/records/ModelRecords.h"
+#include "model/records/ReadingOptions.h"
 
 #include <filesystem>
 #include <vector>
@@ -12,13 +12,13 @@ namespace orvane::step {
 /// depth-first order of first mention, the file's own (an assembly, or the part of a file with a single part)
 /// first. Returns that one; it lives as long as the model. Faces that cannot be meshed become warnings of the
 /// model. Throws `ModelError` for a file that cannot be read or holds no shape.
-const ModelDocument* readStepFile(const std::filesystem::path& file, const MeshingOptions& options,
+const ModelDocument* readStepFile(const std::filesystem::path& file, const ReadingOptions& options,
                                   Model& model);
 
 /// Reads a STEP or STL file (by its extension, any case) as the faces of one body: those of all its solids,
 /// placed as the file places them. STL numbers are metres. Warnings are appended to `warnings`. Throws
 /// `ModelError` for a file that cannot be read or holds no shape.
-std::vector<FaceRecord> readShapeFile(const std::filesystem::path& file, const MeshingOptions& options,
+std::vector<FaceRecord> readShapeFile(const std::filesystem::path& file, const ReadingOptions& options,
                                       std::vector<std::string>& warnings);
 
 } // namespace orvane::step

@@ -103,7 +103,7 @@ TEST_F(StepTest, LosesNothingThatIsNoSolid) {
 TEST_F(StepTest, MeshesAsFinelyAsItIsAsked) {
     const fs::path file = saveShape(folder / "ball.step", BRepPrimAPI_MakeSphere(100).Shape());
     MeshingOptions fine;
-    fine.deflection = 0.00005;
+    fine.deflection = Metres{0.00005};
     EXPECT_GT(factsOf(facesOf(read(file, fine))).triangles, 3 * factsOf(facesOf(read(file))).triangles);
 }
 
