@@ -14,11 +14,8 @@ struct GuardedOutcome {
     std::string text;
 };
 
-/// Runs `work`, which reads data that nobody vouches for with a library that may not bear it, so that neither
-/// a crash nor an endless run nor a hunger for memory can harm this process. On Linux the work runs in a
-/// child process with `memory` bytes and a GiB of its own, a minute of processor time and ten minutes by the
-/// clock: what it changes in memory is lost, what it writes to files stays. The child ends with the thread
-/// that waits for it, and the signals that end programs end it, whatever this process does about them.
+/// Runs `work`, which reads data that nobody vouches for, in a `GuardedProcess` with `memory` bytes and a GiB
+/// of its own, a minute of processor time and ten minutes by the clock.
 GuardedOutcome runGuarded(const std::function<std::string()>& work, std::int64_t memory);
 
 } // namespace orvane::platform

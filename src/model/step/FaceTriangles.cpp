@@ -1,6 +1,6 @@
 #include "model/step/FaceTriangles.h"
 
-#include "model/step/KernelSession.h"
+#include "model/step/Kernel.h"
 
 #include <BRep_Tool.hxx>
 #include <Geom_Surface.hxx>

@@ -3,15 +3,9 @@
 #include "model/records/HostPath.h"
 #include "model/records/ModelDefaults.h"
 #include "model/records/ModelError.h"
-#include "model/step/KernelSession.h"
-#include "model/step/ShapeMesher.h"
-#include "model/step/StepColors.h"
+#include "model/step/Looks.h"
 #include "platform/NarrowText.h"
 #include "platform/Utf8.h"
-
-#include <TopExp_Explorer.hxx>
-#include <gp_Mat.hxx>
-#include <gp_Trsf.hxx>
 
 #include <algorithm>
 
@@ -19,55 +13,50 @@ namespace orvane::step {
 
 namespace {
 
-/// The host multiplies row vectors: its block is the transpose of the kernel's. A mirror stays in the block,
-/// whose determinant is then -1; the scale is positive.
-Placement toPlacement(const gp_Trsf& transform) {
-    Placement placement = kIdentityPlacement;
-    const double scale = std::abs(transform.ScaleFactor());
-    const gp_Mat matrix = transform.VectorialPart();
-    for (std::size_t row = 0; row < 3; ++row) {
-        for (std::size_t column = 0; column < 3; ++column) {
-            placement[3 * row + column] =
-                matrix(static_cast<int>(column) + 1, static_cast<int>(row) + 1) / scale;
+/// Where a part stands, for a person: the names from the top of the file down to it, or that of the product
+/// where it is the whole file.
+std::string shownWay(const std::vector<std::u16string>& way, const std::u16string& product) {
+    std::u16string text;
+    for (const std::u16string& name : way) {
+        text += text.empty() ? name : u'/' + name;
+    }
+    return utf8FromUtf16(text.empty() ? product : text);
+}
+
+/// A file of which nothing can be shown because the kernel did not survive it is refused.
+void refuseWhereAllIsLost(const std::filesystem::path& file, const StepFile& step) {
+    const auto isThere = [](const PartOutcome& outcome) { return outcome.part && outcome.part->hasShape; };
+    const bool hasOthers = std::ranges::any_of(
+        step.tree.products, [](const StepProduct& product) { return product.externalFile.has_value(); });
+    if (hasOthers || step.parts.empty() || std::ranges::any_of(step.parts, isThere)) {
+        return;
+    }
+    const auto lost = std::ranges::find_if(step.parts, [](const auto& outcome) { return !outcome.part; });
+    throw ModelError(file.string() +
+                     (lost == step.parts.end()
+                          ? ": found no shape, expected at least one product with a shape"
+                          : ": Open CASCADE " + lost->loss + ", and nothing else is in the file"));
+}
+
+/// Gives an assembly's document what the file says of one instance in it and of those below that one. Needs
+/// the leaf names of all of them.
+void addInstanceLook(const StepInstance& instance, const std::vector<std::u16string>& componentNames,
+                     ComponentRecord& component, ModelDocument& assembly) {
+    component.hidden = instance.isHidden;
+    EntityRecord entity;
+    entity.kind = EntityKind::component;
+    entity.component = component.name;
+    if (instance.look) {
+        applyLook(*instance.look, entity, assembly.appearances);
+    }
+    for (const InstanceColor& color : instance.colors) {
+        entity.component.clear();
+        for (const std::uint32_t link : color.path) {
+            entity.component += entity.component.empty() ? u"" : u"/";
+            entity.component += link < componentNames.size() ? componentNames[link] : std::u16string();
         }
-        placement[9 + row] =
-            transform.TranslationPart().Coord(static_cast<int>(row) + 1) * kMetresPerMillimetre;
+        applyLook(color.look, entity, assembly.appearances);
     }
-    placement[12] = scale;
-    return placement;
-}
-
-TDF_Label productOf(const TDF_Label& label) {
-    TDF_Label product;
-    return XCAFDoc_ShapeTool::GetReferredShape(label, product) ? product : label;
-}
-
-template <class Value>
-Value valueOr(const LabelMap<Value>& values, const TDF_Label& label, const Value& otherwise) {
-    const Value* value = values.Seek(label);
-    return value == nullptr ? otherwise : *value;
-}
-
-std::u16string productName(const StepDocument& step, const TDF_Label& product) {
-    const bool isAssembly = valueOr(step.assemblies, product, false);
-    return valueOr<std::u16string>(step.productNames, product, isAssembly ? u"Assembly" : u"Part");
-}
-
-void nameBodies(const StepDocument& step, const PartMesh& mesh, std::vector<BodyRecord>& bodies) {
-    std::vector<std::u16string> wanted;
-    SiblingNames names;
-    for (std::size_t i = 0; i < bodies.size(); ++i) {
-        const std::u16string* name = step.shapeNames.Seek(mesh.sources[i].shape.Located(TopLoc_Location()));
-        wanted.push_back(name == nullptr ? defaultBodyName(i) : *name);
-        names.reserve(wanted.back());
-    }
-    for (std::size_t i = 0; i < bodies.size(); ++i) {
-        bodies[i].name = names.take(wanted[i]);
-    }
-}
-
-bool holdsCurves(const TopoDS_Shape& shape) {
-    return TopExp_Explorer(shape, TopAbs_EDGE).More();
 }
 
 } // namespace
@@ -85,92 +74,100 @@ const ModelDocument* ProductTree::readFile(const std::filesystem::path& file) {
         return known->second;
     }
     File opened;
-    opened.step = loadStepDocument(absolute, model_.warnings);
+    opened.name = absolute;
+    opened.step = readStepProducts(absolute, options_);
+    refuseWhereAllIsLost(absolute, opened.step);
+    std::ranges::copy(opened.step.tree.warnings, std::back_inserter(model_.warnings));
     opened.path = toHostPath(absolute);
     opened.title = fromSystemNarrow(absolute.filename().string());
+    opened.documents.resize(opened.step.tree.products.size());
+    opened.componentNames.resize(opened.step.tree.instances.size());
     return files_[key] = readRoots(opened);
 }
 
 const ModelDocument* ProductTree::readRoots(File& file) {
-    const TDF_LabelSequence& roots = file.step.roots;
-    const bool isOneProduct = roots.Length() == 1 && !XCAFDoc_ShapeTool::IsReference(roots.First());
+    const StepTree& tree = file.step.tree;
+    const StepInstance& first = tree.instances.at(tree.roots.at(0));
     ModelDocument& document = addDocument(file.path, file.title);
     // A file that only names another one is opened under its own name, as an assembly of that other one.
-    if (isOneProduct && !file.step.externalFiles.IsBound(roots.First())) {
-        fillDocument(file, roots.First(), document);
+    if (tree.roots.size() == 1 && !first.isReference && !tree.products.at(first.product).externalFile) {
+        fillDocument(file, first.product, document);
     } else {
-        fillAssembly(file, roots, document);
+        fillAssembly(file, tree.roots, document);
     }
     return &document;
 }
 
-const ModelDocument* ProductTree::documentOf(File& file, const TDF_Label& product) {
-    if (const ModelDocument* const* known = file.documents.Seek(product)) {
-        return *known;
+const ModelDocument* ProductTree::documentOf(File& file, std::uint32_t product) {
+    if (file.documents.at(product) != nullptr) {
+        return file.documents[product];
     }
-    if (const std::filesystem::path* external = file.step.externalFiles.Seek(product)) {
+    const StepProduct& record = file.step.tree.products[product];
+    if (record.externalFile) {
         std::error_code error;
-        if (!std::filesystem::is_regular_file(*external, error)) {
-            throw ModelError(file.step.file.string() + ": found a reference to " + external->string() +
+        if (!std::filesystem::is_regular_file(*record.externalFile, error)) {
+            throw ModelError(file.name.string() + ": found a reference to " + *record.externalFile +
                              ", which is not there, expected the file that holds the shape");
         }
-        const ModelDocument* document = readFile(*external);
-        file.documents.Bind(product, document);
-        return document;
+        return file.documents[product] = readFile(*record.externalFile);
     }
-    const std::u16string name = productName(file.step, product);
-    ModelDocument& document = addDocument(file.path + u'\\' + file.documentNames.take(name), name);
-    document.root.name = name; // a product's name has no extension
+    ModelDocument& document =
+        addDocument(file.path + u'\\' + file.documentNames.take(record.name), record.name);
+    document.root.name = record.name; // a product's name has no extension
     fillDocument(file, product, document);
     return &document;
 }
 
-void ProductTree::fillDocument(File& file, const TDF_Label& product, ModelDocument& document) {
-    file.documents.Bind(product, &document);
-    if (valueOr(file.step.assemblies, product, false)) {
-        TDF_LabelSequence instances;
-        XCAFDoc_ShapeTool::GetComponents(product, instances);
-        fillAssembly(file, instances, document);
+void ProductTree::fillDocument(File& file, std::uint32_t product, ModelDocument& document) {
+    file.documents[product] = &document;
+    if (const StepProduct& record = file.step.tree.products[product]; record.isAssembly) {
+        fillAssembly(file, record.instances, document);
     } else {
         fillPart(file, product, document);
     }
 }
 
-void ProductTree::fillPart(File& file, const TDF_Label& product, ModelDocument& part) {
-    const TopoDS_Shape shape = XCAFDoc_ShapeTool::GetShape(product);
-    const std::string what =
-        file.step.file.string() + ": part '" + utf8FromUtf16(productName(file.step, product)) + "'";
-    PartMesh mesh = meshShape(shape, options_, what, model_.warnings);
-    part.bodies = std::move(mesh.bodies);
-    nameBodies(file.step, mesh, part.bodies);
-    addPartLook(file.step, product, mesh, part);
-    if (part.bodies.empty() && holdsCurves(shape)) {
-        model_.warnings.push_back(what + " holds curves alone, which are not shown");
+void ProductTree::fillPart(File& file, std::uint32_t product, ModelDocument& part) {
+    const StepProduct& record = file.step.tree.products[product];
+    PartOutcome& outcome = file.step.parts.at(record.part.value());
+    const std::string what = file.name.string() + ": " + shownWay(file.way, record.name);
+    if (!outcome.part) {
+        model_.warnings.push_back(what + " is missing: Open CASCADE " + outcome.loss);
+        return;
     }
+    for (const std::string& warning : outcome.part->warnings) {
+        model_.warnings.push_back(what + ": " + warning);
+    }
+    if (!outcome.part->hasShape) {
+        model_.warnings.push_back(what + " is missing: the file gives it no shape");
+    }
+    part.bodies = std::move(outcome.part->bodies);
+    part.appearances = std::move(outcome.part->appearances);
 }
 
-void ProductTree::fillAssembly(File& file, const TDF_LabelSequence& instances, ModelDocument& assembly) {
+void ProductTree::fillAssembly(File& file, const std::vector<std::uint32_t>& instances,
+                               ModelDocument& assembly) {
+    const StepTree& tree = file.step.tree;
     assembly.kind = DocumentKind::assembly;
     SiblingNames names;
-    std::vector<std::u16string> wanted;
-    for (const TDF_Label& instance : instances) {
-        wanted.push_back(
-            valueOr(file.step.instanceNames, instance, productName(file.step, productOf(instance))));
-        names.reserve(wanted.back());
+    for (const std::uint32_t instance : instances) {
+        names.reserve(tree.instances.at(instance).name);
     }
-    assembly.components.resize(wanted.size());
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        const TDF_Label& instance = instances.Value(static_cast<Standard_Integer>(i) + 1);
+    assembly.components.resize(instances.size());
+    for (std::size_t i = 0; i < instances.size(); ++i) {
+        const StepInstance& instance = tree.instances[instances[i]];
         ComponentRecord& component = assembly.components[i];
-        component.name = names.take(wanted[i]);
-        component.placement = toPlacement(XCAFDoc_ShapeTool::GetLocation(instance).Transformation());
-        component.document = documentOf(file, productOf(instance));
-        file.componentNames.Bind(instance, component.name);
+        component.name = names.take(instance.name);
+        component.placement = instance.placement;
+        file.way.push_back(component.name);
+        component.document = documentOf(file, instance.product);
+        file.way.pop_back();
+        file.componentNames[instances[i]] = component.name;
     }
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        const TDF_Label& instance = instances.Value(static_cast<Standard_Integer>(i) + 1);
-        if (XCAFDoc_ShapeTool::IsReference(instance)) {
-            addInstanceLook(file.step, instance, file.componentNames, assembly.components[i], assembly);
+    for (std::size_t i = 0; i < instances.size(); ++i) {
+        const StepInstance& instance = tree.instances[instances[i]];
+        if (instance.isReference) {
+            addInstanceLook(instance, file.componentNames, assembly.components[i], assembly);
         }
     }
 }

@@ -1,7 +1,7 @@
 #include "model/step/ShapeMesher.h"
 
 #include "model/step/FaceTriangles.h"
-#include "model/step/KernelSession.h"
+#include "model/step/Kernel.h"
 
 #include <BRepBndLib.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
@@ -23,6 +23,7 @@ constexpr double kSmallestDeflection = 1e-5;
 struct Fineness {
     double deflection;
     double angle;
+    bool inParallel;
 };
 
 /// Millimetres. A face beyond that has no end, and no say in how fine the others are.
@@ -73,7 +74,8 @@ std::vector<PartMesh::Source> splitIntoBodies(const TopoDS_Shape& shape) {
 /// itself.
 bool runMesher(const TopoDS_Shape& shape, const Fineness& fineness) {
     try {
-        BRepMesh_IncrementalMesh(shape, fineness.deflection, Standard_False, fineness.angle, Standard_True);
+        BRepMesh_IncrementalMesh(shape, fineness.deflection, Standard_False, fineness.angle,
+                                 fineness.inParallel);
         return true;
     } catch (const Standard_Failure&) {
         return false;
@@ -94,14 +96,15 @@ std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool isMeshed,
 
 } // namespace
 
-PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, const std::string& what,
+PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, bool inParallel,
                    std::vector<std::string>& warnings) {
     PartMesh mesh;
     mesh.sources = splitIntoBodies(shape);
     if (mesh.sources.empty()) {
         return mesh;
     }
-    const Fineness fineness = {linearDeflection(shape, options), options.angle * std::numbers::pi / 180};
+    const Fineness fineness = {linearDeflection(shape, options), options.angle * std::numbers::pi / 180,
+                               inParallel};
     const bool isMeshed = runMesher(shape, fineness);
     std::size_t faceNumber = 0;
     for (const PartMesh::Source& source : mesh.sources) {
@@ -112,7 +115,7 @@ PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, con
             ++faceNumber;
             std::optional<FaceTriangles> triangles = trianglesOf(face, isMeshed, fineness);
             if (!triangles) {
-                warnings.push_back(what + ": face " + std::to_string(faceNumber) + " could not be meshed");
+                warnings.push_back("face " + std::to_string(faceNumber) + " could not be meshed");
                 triangles.emplace();
                 isComplete = false;
             }

@@ -25,8 +25,9 @@ struct PartMesh {
 /// of solids, then one for the faces outside of shells. Triangles are turned outward, and normals are those
 /// of the surface. Texture coordinates are the surface's parameters as they are when its lengths are metres.
 /// The shape keeps the triangulation. A face that cannot be meshed stays as one without triangles, and a line
-/// that begins with `what` goes to `warnings`.
-PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, const std::string& what,
+/// about it goes to `warnings`. Several threads share the work where `inParallel` says so; the result is the
+/// same.
+PartMesh meshShape(const TopoDS_Shape& shape, const MeshingOptions& options, bool inParallel,
                    std::vector<std::string>& warnings);
 
 } // namespace orvane::step

@@ -1,5 +1,7 @@
 #include "model/step/StepColors.h"
 
+#include "model/step/Looks.h"
+
 #include <Quantity_ColorRGBA.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
@@ -13,49 +15,13 @@ namespace orvane::step {
 
 namespace {
 
-struct Look {
-    std::uint32_t color = 0;
-    double transparency = 0;
-};
-
 std::uint32_t toByte(double fraction) {
     return static_cast<std::uint32_t>(std::lround(std::clamp(fraction, 0., 1.) * 255));
 }
 
-/// The kernel keeps linear light; the file's numbers are what comes back as sRGB.
-Look toLook(const Quantity_ColorRGBA& color) {
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-    color.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
-    // The kernel's opacity is a float, which must not show as 0.649999976.
-    const double transparency = std::round((1 - static_cast<double>(color.Alpha())) * 1e6) / 1e6;
-    return Look{toByte(red) | toByte(green) << 8 | toByte(blue) << 16, transparency};
-}
-
-std::optional<Look> lookOf(const StepDocument& step, const TDF_Label& label) {
-    Quantity_ColorRGBA color;
-    if (!step.colors->GetColor(label, XCAFDoc_ColorSurf, color) &&
-        !step.colors->GetColor(label, XCAFDoc_ColorGen, color)) {
-        return std::nullopt;
-    }
-    return toLook(color);
-}
-
-/// One appearance for all entities of a kind that look alike, in the order in which the looks are first met.
-void apply(const Look& look, const EntityRecord& entity, ModelDocument& document) {
-    for (AppearanceRecord& appearance : document.appearances) {
-        if (appearance.primaryColor == look.color && appearance.transparency == look.transparency &&
-            appearance.appliedTo.front().kind == entity.kind) {
-            appearance.appliedTo.push_back(entity);
-            return;
-        }
-    }
-    AppearanceRecord& appearance = document.appearances.emplace_back();
-    appearance.primaryColor = look.color;
-    appearance.transparency = look.transparency;
-    appearance.hasAppliedTo = true;
-    appearance.appliedTo.push_back(entity);
+std::optional<Look> lookOf(const PartShape& shape, const TDF_Label& label) {
+    const std::optional<Quantity_ColorRGBA> color = surfaceColorOf(shape.colors, label);
+    return color ? std::optional(toLook(*color)) : std::nullopt;
 }
 
 EntityRecord entityOf(std::size_t body) {
@@ -141,59 +107,57 @@ void collectPieces(const TDF_Label& label, const TopLoc_Location& location, std:
 
 } // namespace
 
-void addPartLook(const StepDocument& step, const TDF_Label& product, const PartMesh& mesh,
-                 ModelDocument& part) {
-    if (const std::optional<Look> look = lookOf(step, product)) {
-        apply(*look, EntityRecord(), part);
+// The kernel keeps linear light; the file's numbers are what comes back as sRGB.
+Look toLook(const Quantity_ColorRGBA& color) {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    color.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
+    // The kernel's opacity is a float, which must not show as 0.649999976.
+    const double transparency = std::round((1 - static_cast<double>(color.Alpha())) * 1e6) / 1e6;
+    return Look{toByte(red) | toByte(green) << 8 | toByte(blue) << 16, transparency};
+}
+
+std::optional<Quantity_ColorRGBA> surfaceColorOf(const Handle(XCAFDoc_ColorTool) & colors,
+                                                 const TDF_Label& label) {
+    Quantity_ColorRGBA color;
+    if (!colors->GetColor(label, XCAFDoc_ColorSurf, color) &&
+        !colors->GetColor(label, XCAFDoc_ColorGen, color)) {
+        return std::nullopt;
     }
-    if (!step.colors->IsVisible(product)) {
+    return color;
+}
+
+void addPartLook(const PartShape& shape, const PartMesh& mesh, StepPart& part) {
+    if (const std::optional<Look> look = lookOf(shape, shape.product)) {
+        applyLook(*look, EntityRecord(), part.appearances);
+    }
+    if (!shape.colors->IsVisible(shape.product)) {
         for (BodyRecord& body : part.bodies) {
             body.visible = false;
         }
     }
     std::vector<Piece> pieces;
-    collectPieces(product, TopLoc_Location(), pieces);
+    collectPieces(shape.product, TopLoc_Location(), pieces);
     if (pieces.empty()) {
         return;
     }
     const EntityFinder finder(mesh);
     std::set<std::pair<std::int32_t, std::int32_t>> painted;
     for (const Piece& piece : pieces) {
-        const std::optional<Look> look = lookOf(step, piece.label);
-        const bool isVisible = step.colors->IsVisible(piece.label);
+        const std::optional<Look> look = lookOf(shape, piece.label);
+        const bool isVisible = shape.colors->IsVisible(piece.label);
         if (!look && isVisible) {
             continue;
         }
         for (const EntityRecord& entity : finder.find(piece.shape)) {
             if (look && painted.emplace(entity.body, entity.face).second) {
-                apply(*look, entity, part);
+                applyLook(*look, entity, part.appearances);
             }
             if (!isVisible && entity.kind == EntityKind::body) {
                 part.bodies[static_cast<std::size_t>(entity.body)].visible = false;
             }
         }
-    }
-}
-
-void addInstanceLook(const StepDocument& step, const TDF_Label& instance,
-                     const LabelMap<std::u16string>& componentNames, ComponentRecord& component,
-                     ModelDocument& assembly) {
-    component.hidden = !step.colors->IsVisible(instance);
-    EntityRecord entity;
-    entity.kind = EntityKind::component;
-    entity.component = component.name;
-    if (const std::optional<Look> look = lookOf(step, instance)) {
-        apply(*look, entity, assembly);
-    }
-    const std::vector<InstanceColor>* colors = step.instanceColors.Seek(instance);
-    for (std::size_t i = 0; colors != nullptr && i < colors->size(); ++i) {
-        entity.component.clear();
-        for (const TDF_Label& link : (*colors)[i].path) {
-            const std::u16string* name = componentNames.Seek(link);
-            entity.component += entity.component.empty() ? u"" : u"/";
-            entity.component += name == nullptr ? std::u16string() : *name;
-        }
-        apply(toLook((*colors)[i].color), entity, assembly);
     }
 }
 

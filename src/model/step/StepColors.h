@@ -1,22 +1,19 @@
 #pragma once
 
-#include "model/records/ModelRecords.h"
+#include "model/step/PartTransfer.h"
 #include "model/step/ShapeMesher.h"
-#include "model/step/StepDocument.h"
-
-#include <string>
+#include "model/step/StepRecords.h"
 
 /// Colours and visibility of a STEP file as appearances and flags.
 namespace orvane::step {
 
-/// Gives a part's document what the file says of its product, solids and faces.
-void addPartLook(const StepDocument& step, const TDF_Label& product, const PartMesh& mesh,
-                 ModelDocument& part);
+Look toLook(const Quantity_ColorRGBA& color);
 
-/// Gives an assembly's document what the file says of one instance in it and of those below that one. Needs
-/// the leaf names of all of them.
-void addInstanceLook(const StepDocument& step, const TDF_Label& instance,
-                     const LabelMap<std::u16string>& componentNames, ComponentRecord& component,
-                     ModelDocument& assembly);
+/// The colour of a label's surfaces; nothing where it has none itself.
+std::optional<Quantity_ColorRGBA> surfaceColorOf(const Handle(XCAFDoc_ColorTool) & colors,
+                                                 const TDF_Label& label);
+
+/// Gives a part, whose bodies are there, what the file says of its product, solids and faces.
+void addPartLook(const PartShape& shape, const PartMesh& mesh, StepPart& part);
 
 } // namespace orvane::step

@@ -1,29 +1,21 @@
 #include "model/step/StepDocument.h"
 
 #include "model/records/ModelError.h"
-#include "model/step/ExternalReferences.h"
-#include "model/step/InstanceStyles.h"
-#include "model/step/NestingCheck.h"
-#include "model/step/StepDamage.h"
-#include "model/step/StepFileCheck.h"
+#include "model/step/GeometryAside.h"
 #include "model/step/StepInstances.h"
 #include "model/step/StepText.h"
 #include "model/step/TransferResult.h"
 #include "platform/AsciiCase.h"
 
 #include <Interface_InterfaceModel.hxx>
-#include <STEPCAFControl_Reader.hxx>
+#include <NCollection_Map.hxx>
 #include <StepBasic_Product.hxx>
 #include <StepBasic_ProductDefinition.hxx>
 #include <StepBasic_ProductDefinitionFormation.hxx>
-#include <StepData_StepModel.hxx>
-#include <StepShape_ShellBasedSurfaceModel.hxx>
-#include <StepShape_SolidModel.hxx>
+#include <StepShape_ShapeRepresentation.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XSControl_WorkSession.hxx>
-
-#include <fstream>
 
 namespace orvane::step {
 
@@ -66,16 +58,7 @@ bool findAssemblies(const TDF_Label& label, const LabelMap<bool>& products, Step
     return isAssembly;
 }
 
-void readShapeName(const Handle(StepRepr_RepresentationItem) & item, const TransferResult& result,
-                   StepDocument& step) {
-    const std::u16string name = fromStepText(item->Name());
-    const TopoDS_Shape shape = result.shapeOf(item);
-    if (!shape.IsNull() && !name.empty() && name != u"NONE") {
-        step.shapeNames.Bind(withoutLocation(shape), name);
-    }
-}
-
-/// Reads the names of products and bodies, and which products are assemblies.
+/// Reads the names of products, and which of them are assemblies.
 void readProducts(const Handle(Interface_InterfaceModel) & model, const TransferResult& result,
                   StepDocument& step) {
     LabelMap<bool> products;
@@ -88,9 +71,6 @@ void readProducts(const Handle(Interface_InterfaceModel) & model, const Transfer
                 products.Bind(label, true);
                 readProductName(definition, label, step);
             }
-        } else if (entity->IsKind(STANDARD_TYPE(StepShape_SolidModel)) ||
-                   entity->IsKind(STANDARD_TYPE(StepShape_ShellBasedSurfaceModel))) {
-            readShapeName(Handle(StepRepr_RepresentationItem)::DownCast(entity), result, step);
         }
     }
     TDF_LabelSequence labels;
@@ -123,57 +103,55 @@ void assignExternalFiles(const std::vector<ExternalReference>& references, const
     }
 }
 
-void parse(STEPControl_Reader& reader, const std::filesystem::path& file,
-           std::vector<std::string>& warnings) {
-    // The stream opens any path, and the kernel does not look for files of its own beside a bare name.
-    std::ifstream stream(file, std::ios::binary);
-    if (reader.ReadStream("model.step", stream) != IFSelect_RetDone) {
-        throw ModelError(file.string() + ": found text that is not in the exchange structure of STEP, "
-                                         "expected 'HEADER;', 'DATA;' and one entity a statement");
+/// Of the entities with the same shape that one counts which leads to all that belongs to it.
+int rankOf(const Handle(Standard_Transient) & entity) {
+    if (entity->IsKind(STANDARD_TYPE(StepBasic_ProductDefinition))) {
+        return 0;
     }
-    const Damage damage = findDamage(reader.WS()->Graph());
-    if (!damage.fatal.empty()) {
-        throw ModelError(file.string() + ": found " + damage.fatal + ", expected whole statements");
+    return entity->IsKind(STANDARD_TYPE(StepShape_ShapeRepresentation)) ? 1 : 2;
+}
+
+/// Finds out what each label was made from.
+void readSources(STEPControl_Reader& reader, const TransferResult& result, StepDocument& step) {
+    const Handle(Interface_InterfaceModel)& model = reader.WS()->Model();
+    NCollection_Map<Handle(Standard_Transient)> roots;
+    for (Standard_Integer i = 1; i <= reader.NbRootsForTransfer(); ++i) {
+        roots.Add(reader.RootForTransfer(i));
     }
-    for (const std::string& fault : damage.harmless) {
-        warnings.push_back(file.string() + ": " + fault);
-    }
-    if (const std::string fault = findEndlessNesting(reader.WS()->Graph()); !fault.empty()) {
-        throw ModelError(file.string() + ": found that " + fault +
-                         ", expected a structure that can be expanded");
+    const auto place = [&](const Handle(Standard_Transient) & entity) {
+        return std::pair(rankOf(entity), model->Number(entity));
+    };
+    for (const Handle(Standard_Transient) & entity : result.entities()) {
+        const TDF_Label label = result.labelOf(result.shapeOf(entity));
+        if (model->Number(entity) == 0 || label.IsNull()) {
+            continue;
+        }
+        const ShapeSource* known = step.sources.Seek(label);
+        if (known == nullptr || place(entity) < place(known->entity)) {
+            step.sources.Bind(label, {entity, roots.Contains(entity)});
+        }
     }
 }
 
 } // namespace
 
-StepDocument loadStepDocument(const std::filesystem::path& file, std::vector<std::string>& warnings) {
-    checkStepFile(file);
+StepDocument readStructure(ParsedStepFile& parsed) {
     StepDocument step;
-    step.file = file;
+    step.file = parsed.file;
     step.document = new TDocStd_Document("Orvane");
     step.shapes = XCAFDoc_DocumentTool::ShapeTool(step.document->Main());
     step.colors = XCAFDoc_DocumentTool::ColorTool(step.document->Main());
-
-    STEPCAFControl_Reader reader;
-    reader.SetNameMode(Standard_False); // see `readInstances`
-    reader.SetLayerMode(Standard_False);
-    reader.SetPropsMode(Standard_False);
-    reader.SetGDTMode(Standard_False);
-    reader.SetMatMode(Standard_False);
-    reader.SetViewMode(Standard_False);
-    reader.SetSHUOMode(Standard_False); // see `takeInstanceStyles`
-    parse(reader.ChangeReader(), file, warnings);
-    const std::vector<ExternalReference> references =
-        takeExternalReferences(reader.Reader().WS(), file.parent_path());
-    const std::vector<InstanceStyle> styles = takeInstanceStyles(reader.Reader().WS());
-    if (!reader.Transfer(step.document)) {
-        throw ModelError(file.string() + ": found no shape, expected at least one product with a shape");
+    const Handle(Interface_InterfaceModel)& model = parsed.reader.Reader().WS()->Model();
+    const GeometryAside aside(model);
+    if (!parsed.reader.Transfer(step.document)) {
+        throw ModelError(parsed.file.string() +
+                         ": found no shape, expected at least one product with a shape");
     }
-    const Handle(Interface_InterfaceModel)& model = reader.Reader().WS()->Model();
-    const TransferResult result(reader);
+    const TransferResult result(parsed.reader);
     readProducts(model, result, step);
-    readInstances(styles, model, result, step);
-    assignExternalFiles(references, result, step, warnings);
+    readInstances(parsed.styles.instances, model, result, step);
+    assignExternalFiles(parsed.references, result, step, parsed.warnings);
+    readSources(parsed.reader.ChangeReader(), result, step);
     step.shapes->GetFreeShapes(step.roots);
     return step;
 }

@@ -87,7 +87,7 @@ void readInstances(const std::vector<InstanceStyle>& styles, const Handle(Interf
         }
     }
     for (const InstanceStyle& style : styles) {
-        InstanceColor color{{}, style.color};
+        InstanceLabelColor color{{}, style.color};
         for (const Occurrence& usage : style.path) {
             color.path.push_back(instances[usage.get()]);
         }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/step/InstanceStyles.h"
 #include "model/step/StepDocument.h"
+#include "model/step/StepStyles.h"
 #include "model/step/TransferResult.h"
 
 #include <Interface_InterfaceModel.hxx>

@@ -10,6 +10,8 @@
 #include <XSControl_TransferReader.hxx>
 #include <XSControl_WorkSession.hxx>
 
+#include <vector>
+
 namespace orvane::step {
 
 inline TopoDS_Shape withoutLocation(const TopoDS_Shape& shape) {
@@ -21,8 +23,11 @@ class TransferResult {
 public:
     /// `reader` outlives the object, and has transferred its file.
     explicit TransferResult(const STEPCAFControl_Reader& reader)
-        : process_(reader.Reader().WS()->TransferReader()->TransientProcess()),
-          labels_(reader.GetShapeLabelMap()) {}
+        : TransferResult(reader.Reader().WS()->TransferReader()->TransientProcess(), reader) {}
+
+    /// Of a transfer into `process` whose shapes got their labels from `labels`.
+    TransferResult(const Handle(Transfer_TransientProcess) & process, const STEPCAFControl_Reader& labels)
+        : process_(process), labels_(labels.GetShapeLabelMap()) {}
 
     /// A null shape where there is no entity, or the transfer made nothing of it.
     TopoDS_Shape shapeOf(const Handle(Standard_Transient) & entity) const {
@@ -38,6 +43,15 @@ public:
     TDF_Label labelOf(const TopoDS_Shape& shape) const {
         const TDF_Label* label = shape.IsNull() ? nullptr : labels_.Seek(withoutLocation(shape));
         return label == nullptr ? TDF_Label() : *label;
+    }
+
+    /// All entities that were transferred, in the order in which the kernel began them.
+    std::vector<Handle(Standard_Transient)> entities() const {
+        std::vector<Handle(Standard_Transient)> all;
+        for (Standard_Integer i = 1; i <= process_->NbMapped(); ++i) {
+            all.push_back(process_->Mapped(i));
+        }
+        return all;
     }
 
 private:

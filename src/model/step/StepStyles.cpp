@@ -1,4 +1,4 @@
-#include "model/step/InstanceStyles.h"
+#include "model/step/StepStyles.h"
 
 #include "model/step/NestingCheck.h"
 #include "model/step/ProductShapes.h"
@@ -12,8 +12,10 @@
 #include <StepVisual_PresentationStyleByContext.hxx>
 #include <StepVisual_StyleContextSelect.hxx>
 #include <StepVisual_StyledItem.hxx>
+#include <StepVisual_StyledItemTarget.hxx>
+#include <TColStd_HSequenceOfTransient.hxx>
 
-#include <optional>
+#include <unordered_set>
 
 namespace orvane::step {
 
@@ -22,28 +24,33 @@ namespace {
 using Usage = Handle(StepRepr_AssemblyComponentUsage);
 using Path = std::vector<Handle(StepRepr_NextAssemblyUsageOccurrence)>;
 
-std::optional<Quantity_ColorRGBA> colorOf(const STEPConstruct_Styles& styles,
-                                          const Handle(StepVisual_StyledItem) & style) {
+/// The colours of one style.
+struct StyleColors {
+    std::optional<Quantity_ColorRGBA> surface;
+    bool isAny = false; ///< of surfaces, edges or curves
+    bool isInstance = false;
+};
+
+StyleColors colorsOf(const STEPConstruct_Styles& styles, const Handle(StepVisual_StyledItem) & style) {
     Handle(StepVisual_Colour) surface;
     Handle(StepVisual_Colour) boundary;
     Handle(StepVisual_Colour) curve;
     Handle(StepVisual_Colour) rendering;
     double transparency = 0;
-    bool isInstance = false;
-    if (!styles.GetColors(style, surface, boundary, curve, rendering, transparency, isInstance) ||
-        !isInstance) {
-        return std::nullopt;
-    }
+    StyleColors colors;
+    const bool isRead =
+        styles.GetColors(style, surface, boundary, curve, rendering, transparency, colors.isInstance);
+    colors.isAny =
+        isRead && (!surface.IsNull() || !boundary.IsNull() || !curve.IsNull() || !rendering.IsNull());
     Quantity_Color color;
-    if (!rendering.IsNull()) {
+    if (isRead && !rendering.IsNull()) {
         STEPConstruct_Styles::DecodeColor(rendering, color);
-        return Quantity_ColorRGBA(color, static_cast<float>(1 - transparency));
-    }
-    if (!surface.IsNull()) {
+        colors.surface.emplace(color, static_cast<float>(1 - transparency));
+    } else if (isRead && !surface.IsNull()) {
         STEPConstruct_Styles::DecodeColor(surface, color);
-        return Quantity_ColorRGBA(color);
+        colors.surface.emplace(color);
     }
-    return std::nullopt;
+    return colors;
 }
 
 /// The use of a product whose shape is the context of a style.
@@ -85,20 +92,38 @@ Path pathOf(Usage usage) {
     return {reversed.rbegin(), reversed.rend()};
 }
 
+std::unordered_set<const Standard_Transient*> invisibleStyles(const STEPConstruct_Styles& styles) {
+    Handle(TColStd_HSequenceOfTransient) listed = new TColStd_HSequenceOfTransient;
+    styles.LoadInvisStyles(listed);
+    std::unordered_set<const Standard_Transient*> invisible;
+    for (const Handle(Standard_Transient) & style : *listed) {
+        invisible.insert(style.get());
+    }
+    return invisible;
+}
+
 } // namespace
 
-std::vector<InstanceStyle> takeInstanceStyles(const Handle(XSControl_WorkSession) & session) {
-    std::vector<InstanceStyle> taken;
+StepStyles takeStyles(const Handle(XSControl_WorkSession) & session) {
+    StepStyles taken;
     STEPConstruct_Styles styles(session);
     styles.LoadStyles();
+    const std::unordered_set<const Standard_Transient*> invisible = invisibleStyles(styles);
     for (Standard_Integer i = 1; i <= styles.NbStyles(); ++i) {
         const Handle(StepVisual_StyledItem) style = styles.Style(i);
-        const std::optional<Quantity_ColorRGBA> color =
-            style.IsNull() ? std::nullopt : colorOf(styles, style);
-        const Usage usage = color ? usageOf(style, session->Graph()) : Usage();
-        if (!usage.IsNull()) {
-            taken.push_back({pathOf(usage), *color});
+        if (style.IsNull()) {
+            continue;
+        }
+        const StyleColors colors = colorsOf(styles, style);
+        const Usage usage = colors.isInstance ? usageOf(style, session->Graph()) : Usage();
+        const bool isVisible = !invisible.contains(style.get());
+        if (!usage.IsNull() && colors.surface) {
+            taken.instances.push_back({pathOf(usage), *colors.surface});
             style->SetStyles(Handle(StepVisual_HArray1OfPresentationStyleAssignment)());
+        } else if (usage.IsNull() && (colors.isAny || !isVisible)) {
+            taken.byItem[style->ItemAP242().Value().get()].push_back(
+                static_cast<std::uint32_t>(taken.items.size()));
+            taken.items.push_back({colors.surface, isVisible});
         }
     }
     return taken;

@@ -1,4 +1,4 @@
-#include "model/step/KernelSession.h"
+#include "model/step/Kernel.h"
 
 #include <Interface_Static.hxx>
 #include <Message.hxx>
@@ -17,26 +17,11 @@ extern "C" const char* __lsan_default_suppressions() {
 
 namespace orvane::step {
 
-namespace {
-
-std::mutex& kernelMutex() {
-    static std::mutex mutex;
-    return mutex;
-}
-
-} // namespace
-
-KernelSession::KernelSession() : lock_(kernelMutex()), hadAutoNaming_(XCAFDoc_ShapeTool::AutoNaming()) {
-    printers_ = Message::DefaultMessenger()->Printers();
+void settleKernel() {
     Message::DefaultMessenger()->ChangePrinters().Clear();
     STEPCAFControl_Controller::Init();
     Interface_Static::SetCVal("xstep.cascade.unit", "MM");
     XCAFDoc_ShapeTool::SetAutoNaming(Standard_False);
-}
-
-KernelSession::~KernelSession() {
-    XCAFDoc_ShapeTool::SetAutoNaming(hadAutoNaming_);
-    Message::DefaultMessenger()->ChangePrinters() = printers_;
 }
 
 std::string failureText(const Standard_Failure& failure) {
