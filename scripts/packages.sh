@@ -2,7 +2,8 @@
 # shellcheck shell=bash disable=SC2034
 
 # Open CASCADE's development packages hang on one another; this one brings the others.
-BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libfreeimage-dev zlib1g-dev libocct-data-exchange-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libfreeimage-dev zlib1g-dev libocct-data-exchange-dev
+    libjemalloc-dev)
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
 NODE_PACKAGES=(nodejs npm ca-certificates) # certificates, for npm to reach its registry
 

@@ -2,6 +2,7 @@
 
 #include "model/records/ModelError.h"
 #include "model/step/NestingCheck.h"
+#include "model/step/ParserSession.h"
 #include "model/step/StepDamage.h"
 #include "model/step/StepFileCheck.h"
 
@@ -53,27 +54,28 @@ void parseStepFile(const std::filesystem::path& file, std::atomic<std::uint64_t>
     checkStepFile(file);
     parsed.file = file;
     leaveOut(parsed.reader);
-    STEPControl_Reader& reader = parsed.reader.ChangeReader();
-    // The stream opens any path, and the kernel does not look for files of its own beside a bare name.
+    const Handle(ParserSession) session = new ParserSession;
+    session->SelectNorm("STEP");
+    parsed.reader.Init(session, Standard_True);
     CountedFile counted(file, bytes);
     std::istream stream(&counted);
-    if (reader.ReadStream("model.step", stream) != IFSelect_RetDone) {
+    if (!session->parse(stream)) {
         throw ModelError(file.string() + ": found text that is not in the exchange structure of STEP, "
                                          "expected 'HEADER;', 'DATA;' and one entity a statement");
     }
-    const Damage damage = findDamage(reader.WS()->Graph());
+    const Damage damage = findDamage(session->Graph());
     if (!damage.fatal.empty()) {
         throw ModelError(file.string() + ": found " + damage.fatal + ", expected whole statements");
     }
     for (const std::string& fault : damage.harmless) {
         parsed.warnings.push_back(file.string() + ": " + fault);
     }
-    if (const std::string fault = findEndlessNesting(reader.WS()->Graph()); !fault.empty()) {
+    if (const std::string fault = findEndlessNesting(session->Graph()); !fault.empty()) {
         throw ModelError(file.string() + ": found that " + fault +
                          ", expected a structure that can be expanded");
     }
-    parsed.references = takeExternalReferences(reader.WS(), file.parent_path());
-    parsed.styles = takeStyles(reader.WS());
+    parsed.references = takeExternalReferences(session, file.parent_path());
+    parsed.styles = takeStyles(session);
 }
 
 } // namespace orvane::step

@@ -17,11 +17,17 @@ namespace orvane::step {
 template <class Value>
 concept PlainValue = std::is_arithmetic_v<Value> || std::is_enum_v<Value>;
 template <class Value>
-concept OptionalValue = requires(Value& value) { value.has_value(); };
+concept OptionalValue = requires(Value& value) {
+    value.has_value();
+};
 template <class Value>
-concept ListValue = requires(Value& value) { value.resize(0); };
+concept ListValue = requires(Value& value) {
+    value.resize(0);
+};
 template <class Value>
-concept FixedList = requires(Value& value) { std::tuple_size<Value>::value; };
+concept FixedList = requires(Value& value) {
+    std::tuple_size<Value>::value;
+};
 
 /// Appends values to bytes.
 class RecordWriter {
