@@ -2,14 +2,19 @@
 
 #include "cli/ExportCommand.h"
 #include "cli/OneLine.h"
+#include "cli/OptionTexts.h"
 #include "model/records/ModelError.h"
 #include "platform/CommandProcess.h"
 
 #include <CLI/CLI.hpp>
 
 #include <exception>
+#include <functional>
 #include <iostream>
 #include <new>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace orvane::cli {
 
@@ -17,6 +22,65 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
+
+/// An option whose value is not all that CLI11 takes for one of its type.
+struct ValueOption {
+    const char* flag;
+    const char* type;   ///< the value, as help and messages name it
+    const char* wanted; ///< what it has to be
+    const char* help;
+};
+
+/// `parse` gives nothing for a text that is wrong usage.
+template <class Value>
+void addValueOption(CLI::App& command, const ValueOption& option,
+                    std::optional<Value> (*parse)(std::string_view), std::function<void(Value)> take) {
+    command
+        .add_option_function<std::string>(
+            option.flag,
+            [option, parse, take](const std::string& text) {
+                const std::optional<Value> value = parse(text);
+                if (!value) {
+                    throw CLI::ValidationError(option.flag, std::string(option.type) + " has to be " +
+                                                                option.wanted + ", found '" + text + "'");
+                }
+                take(*value);
+            },
+            option.help)
+        ->type_name(option.type);
+}
+
+void addReadingOptions(CLI::App& command, ReadingOptions& reading) {
+    static_assert(kMostJobs == 1024, "as the option tells");
+    addValueOption<unsigned>(
+        command,
+        {.flag = "--jobs",
+         .type = "N",
+         .wanted = "a whole number from 1 to 1024",
+         .help = "Processes that work on the parts of a STEP file at once (as many as there are cores)"},
+        jobsFromText, [&reading](unsigned jobs) { reading.jobs = jobs; });
+    addValueOption<Deflection>(
+        command,
+        {.flag = "--deflection",
+         .type = "SIZE",
+         .wanted = "a length above 0 (0.1mm, 0.0001m, or 0.0001 for metres) or a share of the part's box "
+                   "up to 100% (0.1%)",
+         .help = "Greatest distance between a STEP face and its triangles: a length (0.1mm, 0.0001m, or "
+                 "0.0001 for metres) or a share of the diagonal of the part's box (0.1%)"},
+        deflectionFromText, [&reading](const Deflection& deflection) {
+            reading.meshing.deflection = deflection;
+            reading.meshing.isChosen = true;
+        });
+    addValueOption<double>(command,
+                           {.flag = "--angle",
+                            .type = "DEGREES",
+                            .wanted = "a number above 0 and at most 180",
+                            .help = "Greatest angle between neighbouring pieces of a curved STEP face (20)"},
+                           angleFromText, [&reading](double degrees) {
+                               reading.meshing.angle = degrees;
+                               reading.meshing.isChosen = true;
+                           });
+}
 
 void addExportOptions(CLI::App& command, ExportArguments& arguments) {
     command
@@ -38,19 +102,12 @@ void addExportOptions(CLI::App& command, ExportArguments& arguments) {
     }
     command.add_option("--host-folder", arguments.hostFolder, "Folder of the host's appearance library")
         ->type_name("DIR");
-    command
-        .add_option_function<double>(
-            "--deflection",
-            [&arguments](double metres) { arguments.reading.meshing.deflection = Metres{metres}; },
-            "Greatest distance between a STEP face and its triangles")
-        ->type_name("METRES")
-        ->check([](const std::string& text) {
-            double metres = 0;
-            const bool isGood = CLI::detail::lexical_cast(text, metres) && metres > 0 && metres < 1e300;
-            return isGood ? std::string() : "METRES has to be a number above 0, found '" + text + "'";
-        });
+    addReadingOptions(command, arguments.reading);
     command.add_flag("--force", arguments.force, "Replace a result that is there already");
-    command.add_flag("--quiet", arguments.quiet, "Print nothing but errors");
+    command.add_flag("--timings", arguments.timings,
+                     "Print what the export took, in seconds (transferring and meshing: of all processes "
+                     "together), and the peak of memory");
+    command.add_flag("--quiet", arguments.quiet, "Print nothing but errors, and no timings");
 }
 
 /// Help and version are printed as they are; anything else is wrong usage, told in one line.

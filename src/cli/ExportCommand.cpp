@@ -4,6 +4,7 @@
 #include "cli/HostFolder.h"
 #include "cli/OneLine.h"
 #include "cli/ProgressDisplay.h"
+#include "cli/Timings.h"
 #include "embedded/EmbeddedHost.h"
 #include "export/OrvaneExporter.h"
 #include "model/ModelReader.h"
@@ -11,6 +12,7 @@
 #include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/NarrowText.h"
+#include "platform/OwnMemory.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -51,6 +53,10 @@ void printWarnings(const ExportArguments& arguments, const std::vector<std::stri
     std::ranges::for_each(report.warnings, warn);
 }
 
+bool wantsTimings(const ExportArguments& arguments) {
+    return arguments.timings && !arguments.quiet;
+}
+
 bool refuse(std::string_view reason) {
     printOnOneLine(std::cerr, "orvane: ", reason);
     return false;
@@ -77,12 +83,46 @@ bool mayWrite(const ExportTarget& target, bool force) {
     return true;
 }
 
+Model readShowingProgress(const ExportArguments& arguments, ProgressDisplay& display, Timings& timings) {
+    ReadingOptions options = arguments.reading;
+    options.followsMemory = wantsTimings(arguments);
+    options.costs = &timings.reading;
+    if (display.isShown()) {
+        options.onProgress = [&](const ReadingProgress& progress) { display.showReading(progress); };
+    }
+    display.showStart(arguments.model);
+    Model model = readModel(arguments.model, options);
+    display.clear();
+    return model;
+}
+
+void exportShowingProgress(COrvaneExporter& exporter, ProgressDisplay& display, Timings& timings) {
+    const Stopwatch watch;
+    std::optional<double> built;
+    exporter.progress().onChange = [&](const Progress& progress) {
+        if (progress.phase == Progress::Phase::writing && !built) {
+            built = watch.seconds();
+        }
+        display.showExport(progress);
+    };
+    exporter.exportActiveDocument();
+    exporter.progress().onChange = nullptr;
+    display.clear();
+    const double all = watch.seconds();
+    timings.building = built.value_or(all);
+    timings.writing = all - timings.building;
+}
+
 /// Prints what there is to tell of an export. What has become of it does not depend on that any more.
 void printOutcome(const ExportArguments& arguments, const std::vector<std::string>& readingWarnings,
-                  const ExportReport& report, const std::string& file) {
+                  const ExportReport& report, Timings timings, const std::string& file) {
     try {
         if (!arguments.quiet) {
             printWarnings(arguments, readingWarnings, report);
+        }
+        if (wantsTimings(arguments) && !report.hasFailed()) {
+            timings.peakMemory = std::max(timings.reading.peakMemory, ownPeakMemory());
+            printTimings(std::cerr, timings);
         }
     } catch (const std::bad_alloc&) {
         warn("there is not enough memory to tell all warnings");
@@ -106,6 +146,8 @@ std::optional<std::string> outputFault(const std::string& output) {
 }
 
 int runExport(const ExportArguments& arguments) {
+    const Stopwatch watch;
+    Timings timings;
     ExportRequest request{.mayReplace = arguments.force};
     if (!arguments.output.empty()) {
         request.exportPath = requestPath(arguments.output);
@@ -115,9 +157,7 @@ int runExport(const ExportArguments& arguments) {
         }
     }
     ProgressDisplay display(!arguments.quiet);
-    display.showPhase("reading " + arguments.model);
-    Model model = readModel(arguments.model, arguments.reading);
-    display.clear();
+    Model model = readShowingProgress(arguments, display, timings);
     const std::vector<std::string> readingWarnings = std::move(model.warnings);
 
     const HostRef<HostApplication> host =
@@ -135,12 +175,11 @@ int runExport(const ExportArguments& arguments) {
         return 1;
     }
     const std::string shown = shownPath(target);
-    display.listenTo(exporter.progress());
-    exporter.exportActiveDocument();
-    display.clear();
+    exportShowingProgress(exporter, display, timings);
+    timings.total = watch.seconds();
 
     const ExportReport& report = exporter.report();
-    printOutcome(arguments, readingWarnings, report, shown);
+    printOutcome(arguments, readingWarnings, report, timings, shown);
     return report.hasFailed() ? 1 : 0;
 }
 

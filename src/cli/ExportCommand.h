@@ -17,14 +17,16 @@ struct ExportArguments {
     std::string hostFolder;
     ReadingOptions reading;
     bool force = false;
+    bool timings = false; ///< print what the export took; not where `quiet` is set
     bool quiet = false;
 };
 
 /// What is wrong with `output`, as the end of a sentence; nothing when it names a file to write.
 std::optional<std::string> outputFault(const std::string& output);
 
-/// Runs the command: progress, warnings and errors go to standard error, the path of what was written to
-/// standard output. Gives the exit status: 0 written and complete, 1 refused or failed. Throws `ModelError`.
+/// Runs the command: progress, warnings, timings and errors go to standard error, the path of what was
+/// written to standard output. Gives the exit status: 0 written and complete, 1 refused or failed. Throws
+/// `ModelError`.
 int runExport(const ExportArguments& arguments);
 
 } // namespace orvane::cli

@@ -23,8 +23,14 @@ void add(std::int32_t& counter, std::int32_t count) {
 } // namespace
 
 void progressBegin(Progress& progress) {
+    progress.phase = Progress::Phase::building;
     progress.totalWork = 0;
     progress.doneWork = 0;
+    notify(progress);
+}
+
+void progressBeginWriting(Progress& progress) {
+    progress.phase = Progress::Phase::writing;
     notify(progress);
 }
 

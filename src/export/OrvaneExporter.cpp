@@ -207,6 +207,7 @@ void COrvaneExporter::exportText(const HostRef<HostModelDoc>& modelDoc, const ex
     const std::int32_t activeScene =
         exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
     if (!report_.hasFailed()) {
+        progressBeginWriting(document_.progress);
         exporter::writeTextScene(document_, activeScene, scene, staged, report_);
     }
 }
@@ -217,6 +218,7 @@ void COrvaneExporter::exportBinary(const HostRef<HostModelDoc>& modelDoc, const 
     const std::int32_t activeScene =
         exporter::buildDocument(documentSource(modelDoc), folder, document_, report_);
     if (!report_.hasFailed()) {
+        progressBeginWriting(document_.progress);
         exporter::writeBinaryScene(document_, activeScene, scene, folder, staged, report_);
     }
 }

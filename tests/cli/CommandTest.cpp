@@ -1,68 +1,22 @@
 // Runs the built command as a person would.
 
-#include "support/Paths.h"
+#include "cli/CommandFixture.h"
 #include "support/Pictures.h"
-#include "support/TemporaryFolder.h"
 
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 namespace orvane {
 namespace {
 
-using testing::AllOf;
 using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
-
-/// A part of one triangle, with more keys of its document.
-std::string part(const std::string& keys = "") {
-    return R"({"bodies": [{"faces": [{"positions": [0, 0, 0, 1, 0, 0, 0, 1, 0]}]}])" + keys + "}";
-}
-
-/// What a run of the command left behind.
-struct Outcome {
-    int status = -1;
-    std::string output;
-    std::string errors;
-};
-
-struct Command : testing::Test {
-    Command() { writeFile(folder / "plate.tfgprt", part()); }
-
-    /// Runs `orvane` with these arguments in the folder, after the shell's `before`.
-    Outcome run(const std::string& arguments, const std::string& before = "true") {
-        const TemporaryFolder streams;
-        const std::string line = "cd '" + folder.path().string() + "' && " + before + " && '" +
-                                 commandPath() + "' " + arguments + " >'" + (streams / "out") + "' 2>'" +
-                                 (streams / "err") + "'";
-        const int status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(streams / "out"),
-                readFile(streams / "err")};
-    }
-
-    /// Expects a run that fails with one line and leaves no new file.
-    void expectRefusal(const std::string& arguments, const std::string& message, int status = 1,
-                       const std::string& before = "true") {
-        SCOPED_TRACE(arguments);
-        const std::set<std::string> names = folder.names();
-        const Outcome outcome = run(arguments, before);
-        EXPECT_EQ(outcome.status, status);
-        EXPECT_EQ(outcome.output, "");
-        EXPECT_THAT(outcome.errors, AllOf(StartsWith("orvane: "), HasSubstr(message)));
-        EXPECT_EQ(std::ranges::count(outcome.errors, '\n'), 1) << outcome.errors;
-        EXPECT_EQ(folder.names(), names);
-    }
-
-    TemporaryFolder folder;
-};
 
 TEST_F(Command, PrintsThePathOfWhatItWrote) {
     EXPECT_EQ(run("export plate.tfgprt").output, "plate.glb\n");
@@ -135,7 +89,11 @@ TEST_F(Command, TellsWrongUsageApart) {
     expectRefusal("export plate.tfgprt -o scene.obj",
                   "OUT has to end in a file name with .glb or .gltf, found 'scene.obj'", 2);
     expectRefusal("export plate.tfgprt --colour", "--colour", 2);
-    expectRefusal("export plate.tfgprt --deflection -1", "METRES has to be a number above 0, found '-1'", 2);
+    expectRefusal("export plate.tfgprt --deflection 0.1 mm", "not expected: mm", 2);
+    expectRefusal("export plate.tfgprt --deflection 0",
+                  "or a share of the part's box up to 100% (0.1%), found '0'", 2);
+    expectRefusal("export plate.tfgprt --angle 181", "DEGREES has to be a number above 0 and at most 180", 2);
+    expectRefusal("export plate.tfgprt --jobs 0", "N has to be a whole number from 1 to 1024, found '0'", 2);
     EXPECT_EQ(run("--help").status, 0);
     EXPECT_THAT(run("--version").output, ContainsRegex("^orvane [0-9.]+\n$"));
     EXPECT_THAT(run("export --help").output, HasSubstr("--no-primitive-limit"));
@@ -200,6 +158,19 @@ TEST_F(Command, TakesPicturesFromTheHostFolder) {
     EXPECT_EQ(readFile(folder / "own/polished oak.jpg"), jpegPicture("mine"));
     EXPECT_EQ(run("export painted.tfgprt -o sample.gltf").errors, "");
     EXPECT_THAT(folder.names("sample"), testing::Contains("polished oak.jpg")) << "from the sample library";
+}
+
+TEST_F(Command, TellsWhatAnExportTook) {
+    const Outcome timed = run("export plate.tfgprt --timings");
+    EXPECT_EQ(timed.output, "plate.glb\n");
+    std::string lines;
+    for (const char* what : {"parsing", "transferring", "meshing", "building", "writing", "total"}) {
+        lines += "orvane: " + std::string(what) + " +[0-9]+\\.[0-9][0-9] s\n";
+    }
+    EXPECT_THAT(timed.errors, MatchesRegex(lines + "orvane: peak memory +[1-9][0-9]* MB\n"));
+    EXPECT_EQ(run("export plate.tfgprt --timings --force --quiet").errors, "");
+    expectRefusal("export plate.tfgprt --timings", "exists already");
+    expectRefusal("export missing.tfgprt --timings", "missing.tfgprt");
 }
 
 TEST_F(Command, RefusesModelsThatItCannotReadAndTargetsThatItCannotWrite) {
