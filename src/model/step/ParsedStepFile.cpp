@@ -5,6 +5,7 @@
 #include "model/step/ParserSession.h"
 #include "model/step/StepDamage.h"
 #include "model/step/StepFileCheck.h"
+#include "model/step/TessellatedShapes.h"
 
 #include <XSControl_WorkSession.hxx>
 
@@ -64,6 +65,10 @@ void parseStepFile(const std::filesystem::path& file, std::atomic<std::uint64_t>
                                          "expected 'HEADER;', 'DATA;' and one entity a statement");
     }
     const Damage damage = findDamage(session->Graph());
+    parsed.unreadTessellation = findUnreadTessellation(session->Model());
+    if (!damage.fatal.empty() && !parsed.unreadTessellation.empty()) {
+        throw ModelError(file.string() + ": found " + parsed.unreadTessellation);
+    }
     if (!damage.fatal.empty()) {
         throw ModelError(file.string() + ": found " + damage.fatal + ", expected whole statements");
     }

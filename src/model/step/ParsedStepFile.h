@@ -20,6 +20,7 @@ struct ParsedStepFile {
     STEPCAFControl_Reader reader;
     std::vector<ExternalReference> references;
     StepStyles styles;
+    std::string unreadTessellation; ///< see `findUnreadTessellation`
     std::vector<std::string> warnings;
 };
 

@@ -144,8 +144,10 @@ StepDocument readStructure(ParsedStepFile& parsed) {
     const Handle(Interface_InterfaceModel)& model = parsed.reader.Reader().WS()->Model();
     const GeometryAside aside(model);
     if (!parsed.reader.Transfer(step.document)) {
-        throw ModelError(parsed.file.string() +
-                         ": found no shape, expected at least one product with a shape");
+        throw ModelError(parsed.file.string() + ": found " +
+                         (parsed.unreadTessellation.empty()
+                              ? "no shape, expected at least one product with a shape"
+                              : parsed.unreadTessellation));
     }
     const TransferResult result(parsed.reader);
     readProducts(model, result, step);
