@@ -82,13 +82,21 @@ bool runMesher(const TopoDS_Shape& shape, const Fineness& fineness) {
     }
 }
 
+/// Damaged radii and the like become points without end.
+bool isFinite(const FaceRecord& face) {
+    const auto isNumber = [](float number) { return std::isfinite(number); };
+    return std::ranges::all_of(face.positions, isNumber) && std::ranges::all_of(face.normals, isNumber) &&
+           std::ranges::all_of(face.texCoords, isNumber);
+}
+
 std::optional<FaceTriangles> trianglesOf(const TopoDS_Face& face, bool isMeshed, const Fineness& fineness) {
     try {
         // After a failure of the whole each face is tried on its own.
         if (!isMeshed) {
             runMesher(face, fineness);
         }
-        return readFaceTriangles(face);
+        std::optional<FaceTriangles> triangles = readFaceTriangles(face);
+        return triangles && isFinite(triangles->record) ? std::move(triangles) : std::nullopt;
     } catch (const Standard_Failure&) {
         return std::nullopt;
     }

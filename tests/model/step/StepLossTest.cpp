@@ -22,7 +22,8 @@ TopoDS_Shape splineCylinder() {
 
 /// The kernel crashes over splines without knots.
 std::string withoutKnots(const std::string& text) {
-    return std::regex_replace(text, std::regex(R"((B_SPLINE_CURVE_WITH_KNOTS\()\([^)]*\),\([^)]*\))"), "$1(),()");
+    return std::regex_replace(text, std::regex(R"((B_SPLINE_CURVE_WITH_KNOTS\()\([^)]*\),\([^)]*\))"),
+                              "$1(),()");
 }
 
 using StepLoss = StepTest;
