@@ -19,11 +19,12 @@ struct ReadingProgress {
 
 /// What reading STEP files cost so far.
 struct ReadingCosts {
-    double parsing = 0;           ///< seconds by the clock, finding the products included
-    double transferring = 0;      ///< seconds of all workers together
-    double meshing = 0;           ///< seconds of all workers together
-    std::uint64_t peakMemory = 0; ///< of this process and those that read, together, in bytes; what they share
-                                  ///< counts once. Followed only where `ReadingOptions::followsMemory` says so
+    double parsing = 0;      ///< seconds by the clock, finding the products included
+    double transferring = 0; ///< seconds of all workers together
+    double meshing = 0;      ///< seconds of all workers together
+    std::uint64_t peakMemory =
+        0; ///< of this process and those that read, together, in bytes; what they share
+           ///< counts once. Followed only where `ReadingOptions::followsMemory` says so
 };
 
 /// How a model is read.
@@ -31,8 +32,9 @@ struct ReadingOptions {
     MeshingOptions meshing;
     unsigned jobs = 0; ///< processes that work on a STEP file's parts at once; 0: as many as there are cores
     bool followsMemory = false;
-    std::function<void(const ReadingProgress&)> onProgress; ///< called some ten times a second; must not throw
-    ReadingCosts* costs = nullptr;                          ///< added to, where given
+    std::function<void(const ReadingProgress&)>
+        onProgress;                ///< called some ten times a second; must not throw
+    ReadingCosts* costs = nullptr; ///< added to, where given
 };
 
 } // namespace orvane
