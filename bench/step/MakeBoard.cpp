@@ -1,5 +1,5 @@
 // Writes a STEP file of a printed circuit board, of the size and the kind that electronics engineers hand on:
-// more than fifty different parts, some 900 instances of them on both sides and in assemblies, colours of
+// more than fifty different parts, some 800 instances of them on both sides and in assemblies, colours of
 // bodies, faces and instances, and every kind of surface that such parts have. Lengths are millimetres.
 //   setarch -R build/bench/bench/step/make_board OUT.step
 // Without `setarch -R` the order of the colours in the file is another with each run.
